@@ -1,0 +1,46 @@
+#pragma once
+
+#include <KELThreadSafety.h>
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+
+/// A re-entrant mutex: the thread that holds it may lock it again, and gives it up with as many `Unlock` calls.
+///
+/// A standard mutex does the waiting. The owner's identity beside it tells a thread that it holds the mutex already; a
+/// thread can find its own identity there only if it wrote it itself, so a relaxed read is enough. Thread-safe.
+class KEL_CAPABILITY("mutex") KELMutex {
+public:
+    /// The arguments select kinds of mutex on other systems; here there is one kind.
+    KELMutex(int, int, int) noexcept {}
+
+    KELMutex(const KELMutex&) = delete;
+    KELMutex& operator=(const KELMutex&) = delete;
+    ~KELMutex() = default;
+
+    /// Waits until no other thread holds the mutex.
+    void Lock() KEL_ACQUIRE() KEL_NO_THREAD_SAFETY_ANALYSIS
+    {
+        const std::thread::id self = std::this_thread::get_id();
+        if (m_owner.load(std::memory_order_relaxed) != self) {
+            m_mutex.lock();
+            m_owner.store(self, std::memory_order_relaxed);
+        }
+        ++m_depth;
+    }
+
+    /// Takes back one `Lock` of the calling thread.
+    void Unlock() KEL_RELEASE() KEL_NO_THREAD_SAFETY_ANALYSIS
+    {
+        if (--m_depth == 0) {
+            m_owner.store(std::thread::id(), std::memory_order_relaxed);
+            m_mutex.unlock();
+        }
+    }
+
+private:
+    std::mutex m_mutex;
+    std::atomic<std::thread::id> m_owner{};
+    unsigned int m_depth = 0; // touched by the owner alone
+};

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "KELExport.h"
+#include "KELReferenceCount.h"
+
+#include <utility>
+
+/// A list of floats, positions from 1, whose elements are shared between copies until one of them is changed.
+///
+/// Copying, moving and assigning never allocate and never fail, so that a list travels through a property by value at
+/// the price of a pointer; the first change of a shared list copies the elements. Changes throw the standard allocation
+/// failure and then leave the list as it was. Different lists may be used by different threads, also when they share
+/// their elements; one list is not changed by one thread while another uses it.
+class KEL_API KELRawCollfloat {
+    // What lists share. The values lie behind it in the same allocation, or in a constant.
+    struct Elements {
+        KELReferenceCount holders;
+        int size;
+        int capacity;
+        bool isLent; // a caller may still write through a reference into it, so that it is not shared any more
+        float* values;
+    };
+
+public:
+    /// Elements that are there from load to unload, for lists that start with them and cost no allocation.
+    template <int N>
+    class Constant {
+    public:
+        /// N elements, each 0.
+        constexpr Constant() noexcept : m_elements{KELReferenceCount(KELReferenceCount::Immortal()), N, N, false, m_values}
+        {
+        }
+
+    private:
+        friend class KELRawCollfloat;
+
+        float m_values[N] = {};
+        Elements m_elements;
+    };
+
+    /// An empty list with room for iReserved elements.
+    explicit KELRawCollfloat(int iReserved = 0);
+
+    /// A list of constant elements, which are copied when the list is changed.
+    template <int N>
+    explicit KELRawCollfloat(Constant<N>& iConstant) noexcept : m_elements(&iConstant.m_elements)
+    {
+    }
+
+    KELRawCollfloat(const KELRawCollfloat& iOther);
+    KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept : m_elements(std::exchange(ioOther.m_elements, nullptr)) {}
+    KELRawCollfloat& operator=(KELRawCollfloat iOther) noexcept
+    {
+        std::swap(m_elements, iOther.m_elements);
+        return *this;
+    }
+    ~KELRawCollfloat() { RemoveHolder(); }
+
+    int Size() const noexcept { return m_elements ? m_elements->size : 0; }
+
+    /// Makes the list iCount elements long (0 for a negative count): keeps the first ones, fills new ones with iFill.
+    void Size(int iCount, float iFill);
+
+    /// Adds iValue at the end.
+    void Append(float iValue);
+
+    /// The element at iPosition, from 1 to `Size()`. Any other position is reported as a failed check and gives 0.
+    float operator[](int iPosition) const;
+
+    /// The same for writing; valid until the list is next changed, assigned or destroyed. Any other position is
+    /// reported as a failed check and gives an element that belongs to no list.
+    float& operator[](int iPosition);
+
+    /// 0 when both lists have the same number of elements and all are equal (a NaN equals nothing, 0.0 equals -0.0);
+    /// else -1 or 1, which order lists by their first difference.
+    static int Compare(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight);
+
+private:
+    static Elements* CopyElements(const Elements* iElements, int iCapacity);
+    void RemoveHolder() noexcept;
+    void MakeWritable(int iCapacity);
+
+    Elements* m_elements = nullptr;
+};

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <utility>
+
+/// Holds one reference on a counted object (`AddRef`, `Release`) for as long as it lives, or none.
+///
+/// The one place where the library takes and gives back references: a new reference is always taken before the old one
+/// is given up, so that assigning what is already held, or what only the old object keeps alive, is safe. A holder is
+/// as thread-safe as a plain pointer; the counts themselves are the object's matter.
+template <class T>
+class KELReference {
+public:
+    KELReference() noexcept = default;
+
+    /// Takes a reference of its own on iObject, which may be null.
+    explicit KELReference(T* iObject) : m_object(iObject) { Acquire(); }
+
+    KELReference(const KELReference& iOther) : KELReference(iOther.m_object) {}
+    KELReference(KELReference&& ioOther) noexcept : m_object(std::exchange(ioOther.m_object, nullptr)) {}
+
+    KELReference& operator=(KELReference iOther) noexcept
+    {
+        std::swap(m_object, iOther.m_object);
+        return *this;
+    }
+
+    KELReference& operator=(T* iObject) { return *this = KELReference(iObject); }
+
+    ~KELReference()
+    {
+        if (T* object = std::exchange(m_object, nullptr)) {
+            object->Release();
+        }
+    }
+
+    /// Takes over a reference that the caller already has, such as one that a getter added for it.
+    static KELReference Adopt(T* iObject) noexcept
+    {
+        KELReference reference;
+        reference.m_object = iObject;
+        return reference;
+    }
+
+    /// The object, without a reference for the caller.
+    T* Get() const noexcept { return m_object; }
+
+    /// The object with a reference added for the caller, who gives it back with `Release`.
+    T* Share() const
+    {
+        Acquire();
+        return m_object;
+    }
+
+    T* operator->() const noexcept { return m_object; }
+    explicit operator bool() const noexcept { return m_object != nullptr; }
+
+    friend bool operator==(const KELReference& iHolder, const T* iObject) noexcept { return iHolder.m_object == iObject; }
+    friend bool operator!=(const KELReference& iHolder, const T* iObject) noexcept { return iHolder.m_object != iObject; }
+
+private:
+    void Acquire() const
+    {
+        if (m_object) {
+            m_object->AddRef();
+        }
+    }
+
+    T* m_object = nullptr;
+};

@@ -1,0 +1,193 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <vector>
+
+/// An untyped hash table of element pointers, with hash and equality functions of the caller's.
+///
+/// The table owns no element. Its elements lie densely, in an order that removals change and lookups do not, so that
+/// `Get(i)` and traversal cost what an array costs. Buckets are added two by two as elements arrive and only the chain
+/// that is split moves: no insertion ever rehashes the whole table, and growing is what growing an array costs.
+///
+/// Reading writes nothing: several threads may look up at once; a change excludes every other use.
+class KELSysSimpleHashTable {
+public:
+    using HashFunction = unsigned int (*)(void*);
+    using EqualFunction = int (*)(void*, void*);
+
+    /// An empty table.
+    /// \param iExpected how many elements to make room for ahead; 0 makes room when the first one comes
+    /// \param iHash gives an element's hash; equal elements have equal hashes
+    /// \param iEqual nonzero for two equal elements; called with a stored element first and the probe second
+    KELSysSimpleHashTable(int iExpected, HashFunction iHash, EqualFunction iEqual) : m_hash(iHash), m_equal(iEqual)
+    {
+        if (iExpected > 0) {
+            m_elements.reserve(static_cast<std::size_t>(iExpected));
+        }
+    }
+
+    KELSysSimpleHashTable(const KELSysSimpleHashTable&) = delete;
+    KELSysSimpleHashTable& operator=(const KELSysSimpleHashTable&) = delete;
+    ~KELSysSimpleHashTable() = default;
+
+    /// Stores iElement unless an equal element is stored, and returns the element that is now stored. Null when it could
+    /// store nothing: for a null element and in a full table. Throws the standard allocation failure; nothing changes then.
+    void* InsertAndReturn(void* iElement);
+
+    /// The stored element that is equal to the probe, or null.
+    void* Locate(void* iProbe) const
+    {
+        return LocateHashed(m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
+    }
+
+    /// The same for a caller that has the probe's hash at hand and compares elements in its own way, in line.
+    template <class IsProbe>
+    void* LocateHashed(unsigned int iHash, const IsProbe& iIsProbe) const
+    {
+        const int index = Find(iHash, iIsProbe);
+        return index == kNone ? nullptr : At(index).element;
+    }
+
+    /// Takes the stored element that is equal to the probe out of the table and returns it, or null.
+    void* Remove(void* iProbe);
+
+    /// The element at iIndex, from 0 to `Size() - 1`; null for any other index.
+    void* Get(int iIndex) const { return iIndex >= 0 && iIndex < Size() ? At(iIndex).element : nullptr; }
+
+    int Size() const { return static_cast<int>(m_elements.size()); }
+
+    /// Forgets every element.
+    void RemoveAll()
+    {
+        m_elements.clear();
+        m_heads.clear();
+        m_mask = 0;
+    }
+
+private:
+    static constexpr int kNone = -1;
+    static constexpr std::size_t kFirstElements = 16;
+    static constexpr std::size_t kBucketsPerElement = 2;
+
+    struct Element {
+        void* element;
+        unsigned int hash;
+        int next; // index of the next element of the same bucket
+    };
+
+    const Element& At(int iIndex) const { return m_elements[static_cast<std::size_t>(iIndex)]; }
+    Element& At(int iIndex) { return m_elements[static_cast<std::size_t>(iIndex)]; }
+
+    // Buckets beyond the last power of two exist only as far as they have been split off.
+    std::size_t Bucket(unsigned int iHash) const
+    {
+        const std::size_t bucket = iHash & m_mask;
+        return bucket < m_heads.size() ? bucket : bucket & (m_mask >> 1U);
+    }
+
+    template <class IsProbe>
+    int Find(unsigned int iHash, const IsProbe& iIsProbe) const
+    {
+        if (m_elements.empty()) {
+            return kNone;
+        }
+        int index = m_heads[Bucket(iHash)];
+        while (index != kNone && !(At(index).hash == iHash && iIsProbe(At(index).element))) {
+            index = At(index).next;
+        }
+        return index;
+    }
+
+    void MakeRoom();
+    void AddBucket();
+    int& LinkTo(int iIndex);
+
+    HashFunction m_hash;
+    EqualFunction m_equal;
+    std::vector<Element> m_elements;
+    std::vector<int> m_heads; // per bucket the index of its first element
+    std::size_t m_mask = 0;   // the least 2^n - 1 that covers every bucket
+};
+
+inline void* KELSysSimpleHashTable::InsertAndReturn(void* iElement)
+{
+    if (!iElement || Size() == std::numeric_limits<int>::max()) {
+        return nullptr;
+    }
+    const unsigned int hash = m_hash(iElement);
+    const int index = Find(hash, [this, iElement](void* iStored) { return m_equal(iStored, iElement) != 0; });
+    if (index != kNone) {
+        return At(index).element;
+    }
+    MakeRoom();
+    int& head = m_heads[Bucket(hash)];
+    m_elements.push_back({iElement, hash, head});
+    head = Size() - 1;
+    return iElement;
+}
+
+inline void* KELSysSimpleHashTable::Remove(void* iProbe)
+{
+    const int index =
+        Find(m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
+    if (index == kNone) {
+        return nullptr;
+    }
+    void* const removed = At(index).element;
+    LinkTo(index) = At(index).next;
+    const int last = Size() - 1;
+    if (index != last) {
+        LinkTo(last) = index;
+        At(index) = At(last);
+    }
+    m_elements.pop_back();
+    return removed;
+}
+
+// Everything that an insertion allocates, so that it can be refused before anything has changed.
+inline void KELSysSimpleHashTable::MakeRoom()
+{
+    if (m_heads.empty()) {
+        m_elements.reserve(kFirstElements);
+        m_heads.assign(kFirstElements * kBucketsPerElement, kNone);
+        m_mask = m_heads.size() - 1;
+    }
+    if (m_elements.size() == m_elements.capacity()) {
+        m_elements.reserve(m_elements.capacity() * 2);
+    }
+    while (m_heads.size() < (m_elements.size() + 1) * kBucketsPerElement) {
+        AddBucket();
+    }
+}
+
+// Splits the bucket that has stood in for the new one.
+inline void KELSysSimpleHashTable::AddBucket()
+{
+    const std::size_t added = m_heads.size();
+    m_heads.push_back(kNone);
+    if (added > m_mask) {
+        m_mask = m_mask * 2 + 1;
+    }
+    int* link = &m_heads[added & (m_mask >> 1U)];
+    while (*link != kNone) {
+        const int index = *link;
+        if ((At(index).hash & m_mask) == added) {
+            *link = At(index).next;
+            At(index).next = m_heads[added];
+            m_heads[added] = index;
+        } else {
+            link = &At(index).next;
+        }
+    }
+}
+
+// The link, in a bucket or in another element, that leads to the element at iIndex.
+inline int& KELSysSimpleHashTable::LinkTo(int iIndex)
+{
+    int* link = &m_heads[Bucket(At(iIndex).hash)];
+    while (*link != iIndex) {
+        link = &At(*link).next;
+    }
+    return *link;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <KELSysTSUnicodeString.h>
+#include <KELValueList.h>
+
+/// A list of `KELSysTSUnicodeString`, positions from 1.
+class KELSysTSListOfUnicodeString : public KELValueList<KELSysTSUnicodeString> {
+public:
+    /// Adds a copy of iText at the end.
+    void PutBack(const KELSysTSUnicodeString& iText) { Add(iText); }
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <KELUnicodeString.h>
+
+/// A string of the system-services library, which is built from and read as UTF-8. Used as a plain value.
+class KELSysTSUnicodeString {
+public:
+    KELSysTSUnicodeString() noexcept = default;
+
+    /// Copies iText; null gives the empty string.
+    KELSysTSUnicodeString(const char* iText) : m_text(iText) {} // NOLINT(google-explicit-constructor)
+
+    /// The text as UTF-8, never null; valid until the string is changed or destroyed.
+    const char* ConvertToChar() const noexcept { return m_text.ConvertToChar(); }
+
+private:
+    KELUnicodeString m_text;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <KELPositions.h>
+
+#include <cstddef>
+#include <vector>
+
+/// A list of values with positions from 1, the common part of the platform's lists of strings.
+///
+/// Not changed by one thread while another uses it. Growing throws the standard allocation failure and leaves the list
+/// as it was.
+template <class T>
+class KELValueList {
+public:
+    int Size() const noexcept { return static_cast<int>(m_elements.size()); }
+
+    /// The element at iPosition, from 1 to `Size()`; valid until the list changes. Any other position is reported as a
+    /// failed check and gives an empty element.
+    const T& operator[](int iPosition) const
+    {
+        static const T s_empty{};
+        return KELHasPosition(iPosition, Size()) ? m_elements[static_cast<std::size_t>(iPosition) - 1] : s_empty;
+    }
+
+protected:
+    void Add(const T& iElement) { m_elements.push_back(iElement); }
+
+private:
+    std::vector<T> m_elements;
+};

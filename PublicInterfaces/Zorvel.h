@@ -1,0 +1,25 @@
+#pragma once
+
+/// \file
+/// Everything that the library offers to its callers.
+///
+/// What the headers say of threads:
+/// - "thread-safe": any number of threads may use one object at once;
+/// - "not changed by one thread while another uses it": threads may read one object at once, and may use different
+///   objects freely, but a change excludes every other use of the same object.
+
+#include "ZrvConstPropertiesPrototype.h"
+#include "ZrvDebugServices.h"
+#include "ZrvExport.h"
+#include "ZrvFPSMeasure.h"
+#include "ZrvProperties.h"
+#include "ZrvPropertiesPrototype.h"
+#include "ZrvPropertyType.h"
+#include "ZrvPropertyTypeConv.h"
+#include "ZrvPropertyValue.h"
+#include "ZrvPropertyValueBase.h"
+#include "ZrvPrototypeImpl.h"
+#include "ZrvRC.h"
+
+/// Marks the library: found by its plain name in the loaded module. Returns 1.
+extern "C" ZRV_API int QUORVEL_INTERNAL_Zorvel();

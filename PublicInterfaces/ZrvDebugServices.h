@@ -1,0 +1,22 @@
+#pragma once
+
+#include "KELUnicodeString.h"
+#include "ZrvExport.h"
+
+class ZrvProperties;
+
+/// Debugging services for property sets. Thread-safe.
+class ZRV_API ZrvDebugServices {
+public:
+    ZrvDebugServices() = default;
+    ZrvDebugServices(const ZrvDebugServices&) = default;
+
+    /// Do nothing; there is nothing to assign.
+    /// @{
+    ZrvDebugServices& operator=(const ZrvDebugServices& iOther);
+    ZrvDebugServices& operator=(ZrvDebugServices&& iOther);
+    /// @}
+
+    /// The traces of a set: there are none, so an empty string.
+    static KELUnicodeString GetTracesFromProperties(const ZrvProperties& iProperties);
+};

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "KELSysElapseTime.h"
+#include "KELTypes.h"
+#include "ZrvExport.h"
+
+/// Measures the frame rate of a media loop.
+///
+/// The loop counts each frame and polls for a new rate; the meter measures whenever the period, in whole seconds, has
+/// passed.
+///
+/// \code
+/// ZrvFPSMeasure meter;
+/// while (Show(NextFrame())) {
+///     meter.IncrementFrames();
+///     if (meter.HasNewInstantFPS()) {
+///         Print(meter.GetInstantFPS(), meter.GetGlobalFPS());
+///     }
+/// }
+/// \endcode
+///
+/// Rates are whole frames per second, rounded towards zero; a rate that no `int` holds gives the nearest one that does,
+/// and an interval of no length gives 0. When the clock cannot measure, rates stay as they are. Counts wrap around.
+/// Nothing fails, allocates or reports. One loop owns a meter: it is not used by two threads at once.
+class ZRV_API ZrvFPSMeasure {
+public:
+    /// Starts measuring.
+    /// \param iPeriod seconds; 0 or less measures at every occasion
+    explicit ZrvFPSMeasure(int iPeriod = 1);
+
+    /// Goes on from where the other is.
+    ZrvFPSMeasure(ZrvFPSMeasure& iOther);
+    ZrvFPSMeasure& operator=(const ZrvFPSMeasure&) = default;
+    virtual ~ZrvFPSMeasure();
+
+    /// Starts again from zero, with the same period.
+    void Start();
+
+    /// Counts one frame.
+    ZRV_EXPORTED_INLINE void IncrementFrames() noexcept
+    {
+        m_framesSinceMeasure = Next(m_framesSinceMeasure);
+        m_totalFrames = Next(m_totalFrames);
+    }
+
+    /// Measures if the period has passed since the last measurement; returns whether it did.
+    bool HasNewInstantFPS();
+
+    /// The rate of the last complete interval; 0 before the first and after one without frames. Measures first, if there
+    /// is a rate and the period has passed.
+    int GetInstantFPS();
+
+    /// All frames since the start over the time of all complete intervals; 0 before the first. Measures first, if there
+    /// is a rate and the period has passed.
+    int GetGlobalFPS();
+
+private:
+    void Reset();
+
+    static KELINT32 Next(KELINT32 iCount) noexcept
+    {
+        return static_cast<KELINT32>(static_cast<KELUINT32>(iCount) + 1U);
+    }
+
+    KELSysElapseTime m_clock;
+    KELINT32 m_instantFPS = 0;
+    KELINT32 m_framesSinceMeasure = 0;
+    KELINT32 m_totalFrames = 0;
+    double m_measuredSeconds = 0.0;
+    KELINT32 m_period;
+};

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "KELListValKELUnicodeString.h"
+#include "KELSysTSListOfUnicodeString.h"
+#include "KELUnicodeString.h"
+#include "ZrvConstPropertiesPrototype.h"
+#include "ZrvExport.h"
+#include "ZrvPropertyValueBase.h"
+#include "ZrvRC.h"
+
+#include <memory>
+
+class ZrvPropertiesData;
+
+/// A set of properties: values by name.
+///
+/// A set that is bound to a prototype holds the names that the prototype declares, with the types that it declares; a
+/// free set holds any name, with the type that its caller gives. A property exists once it has been added, with its
+/// type's default value, and from then on as long as the set; values of its own type can be assigned to it.
+///
+/// \code
+/// ZrvProperties set(prototype);                             // prototype declares "width" as KELUINT32
+/// set.AddProperty("width");
+/// ZrvRC rc = set.SetProperty("width", ZrvPropertyValue<KELUINT32>(1920));
+/// rc = set.SetProperty("width", ZrvPropertyValue<float>(1.0F)); // an error: the value stays 1920
+/// \endcode
+///
+/// Thread-safe: each operation holds the set's lock for its whole run, and copies hold both sets' locks, taken in an
+/// order that all copies share. Destruction excludes every other use. A value that `GetProperty` hands out is read
+/// outside the lock: its reader excludes writers by other means.
+///
+/// Every operation reports a broken precondition, such as an empty name, as a failed check. Return codes carry an empty
+/// trace where nothing else is said. Memory running out leaves an operation as the standard allocation failure; the set
+/// is then as it was, but for an assignment or a copy of values, which keeps what it had copied.
+class ZRV_API ZrvProperties {
+public:
+    /// How a set answers for a name.
+    enum PropertyAvailability : KELINT32 {
+        zrvPA_Unavailable = 0, ///< It can not be added: empty, or not declared by the prototype.
+        zrvPA_Available = 1,   ///< It can be added.
+        zrvPA_Instantiated = 2 ///< The set holds it.
+    };
+
+    /// An empty set, bound to iPrototype, which it keeps with a reference of its own, or free when that is null.
+    explicit ZrvProperties(ZrvConstPropertiesPrototype* iPrototype = nullptr);
+
+    /// A set of its own with copies of all of the other's properties, and with the same prototype.
+    ZrvProperties(const ZrvProperties& iOther);
+
+    virtual ~ZrvProperties();
+
+    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. What can
+    /// not be copied is reported as a failed check and ends the copy.
+    ZrvProperties& operator=(const ZrvProperties& iProperties);
+
+    /// Stores the prototype in ioPrototype, which must be null, with a reference added for the caller; null for a free
+    /// set. An error when ioPrototype is not null, which then stays as it is.
+    virtual ZrvRC GetPrototype(ZrvConstPropertiesPrototype*& ioPrototype) const;
+
+    /// 1 when the set holds a property of that name, else 0; an empty name is no failed check here.
+    virtual int HasProperty(const KELUnicodeString& iPropertyName) const;
+
+    /// Adds the names of all properties to the list, in no particular order, behind what it holds; returns how many.
+    /// @{
+    virtual int GetListProperties(KELSysTSListOfUnicodeString& ioList) const;
+    virtual int GetListProperties(KELListValKELUnicodeString& ioList) const;
+    /// @}
+
+    virtual PropertyAvailability GetAvailability(const KELUnicodeString& iPropertyName) const;
+
+    /// The type name of a property that the set holds; empty for any other name.
+    virtual KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const;
+
+    /// Adds a property to a free set. Adding one that the set holds succeeds and changes nothing, its type included.
+    /// \param iPropertyType one of the nine type names
+    /// \param iPropertyPrototype the nested prototype or null; borrowed, and kept with a reference of its own
+    /// \return an error, mostly with a trace that says why, for a bound set, a missing name or type name and an unknown
+    /// type name
+    virtual ZrvRC AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                              ZrvConstPropertiesPrototype* iPropertyPrototype);
+
+    /// Adds a declared property to a bound set. Adding one that the set holds succeeds and changes nothing.
+    /// \return an error for a free set, an empty name, a name that is not declared or one declared with an unknown type
+    virtual ZrvRC AddProperty(const KELUnicodeString& iPropertyName);
+
+    /// A copy of the nested set of parameters of a property, which the caller deletes; null when it has none, and, after
+    /// a report, for a name that the set does not hold.
+    virtual ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;
+
+    /// Copies every property of the other set into this one: adds those that it lacks, assigns those that it holds, and
+    /// keeps its others. All names and the types of held properties are checked before anything changes.
+    /// \return an error for what this set can not take; `zrvEC_NothingDone` for the set itself
+    virtual ZrvRC SetFromProperties(const ZrvProperties& iPropertiesValues);
+
+    /// The value of a property, owned by the set and valid until the set is assigned to or destroyed; setting the
+    /// property changes it in place. Null for a name that the set does not hold.
+    const ZrvPropertyValueBase* GetProperty(const KELUnicodeString& iPropertyName) const;
+
+    /// Assigns a value to a property that the set holds.
+    /// \return an error for a name that it does not hold and, after a report, for a value of another type; the property
+    /// then keeps its value
+    ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
+
+private:
+    std::unique_ptr<ZrvPropertiesData> m_PropertiesData;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "KELRawCollfloat.h"
+#include "KELUnicodeString.h"
+#include "ZrvExport.h"
+#include "ZrvRC.h"
+
+/// A value of a type that the holder need not know.
+///
+/// The typed values of ZrvPropertyValue.h give the operations their meaning. A bare base is a value without a type: its
+/// type name is empty, it cannot be duplicated or set, and it is identical to nothing.
+///
+/// Not changed by one thread while another uses it.
+class ZRV_API ZrvPropertyValueBase {
+public:
+    ZRV_EXPORTED_INLINE ZrvPropertyValueBase() noexcept {}
+    ZRV_EXPORTED_INLINE ZrvPropertyValueBase(const ZrvPropertyValueBase& /*iOther*/) noexcept {}
+    ZrvPropertyValueBase& operator=(const ZrvPropertyValueBase&) = default;
+    ZRV_EXPORTED_INLINE virtual ~ZrvPropertyValueBase() {}
+
+    /// The value's type name; empty for a value without a type.
+    virtual KELUnicodeString GetType() const;
+
+    /// A new copy, which the caller deletes; null for a value without a type. Throws the standard allocation failure.
+    virtual ZrvPropertyValueBase* Duplicate() const;
+
+    /// Takes over the value of iOther, which must have the same type name; else an error with an empty trace, and nothing
+    /// changes. A value without a type always fails, and reports a failed check.
+    virtual ZrvRC SetValueFromProperty(const ZrvPropertyValueBase& iOther);
+
+    /// Whether iOther has the same type name and an equal value.
+    virtual bool IsPurelyIdenticalTo(const ZrvPropertyValueBase& iOther) const;
+};
+
+/// The type name of string values. Thread-safe.
+ZRV_API KELUnicodeString ZrvPropertyValue_GetStringType();
+
+/// Whether two strings are identical.
+ZRV_API bool ZrvPropertyValue_StringComparator(const KELUnicodeString& iFirst, const KELUnicodeString& iSecond);
+
+/// Whether two lists have the same number of elements and compare equal.
+ZRV_API bool ZrvPropertyValue_LstFloatComparator(const KELRawCollfloat& iFirst, const KELRawCollfloat& iSecond);

@@ -1,0 +1,6 @@
+#include "Zorvel.h"
+
+int QUORVEL_INTERNAL_Zorvel()
+{
+    return 1;
+}

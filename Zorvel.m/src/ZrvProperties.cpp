@@ -1,0 +1,163 @@
+#include "ZrvProperties.h"
+
+#include "KELSysTSUnicodeString.h"
+#include "ZrvCheck.h"
+#include "ZrvDebugServices.h"
+#include "ZrvProperties_data.h"
+
+namespace {
+
+constexpr ZrvCheck g_check("ZrvProperties");
+
+bool CheckData(const std::unique_ptr<ZrvPropertiesData>& iData, int iLine = __builtin_LINE())
+{
+    return g_check.IsThere(iData != nullptr, "m_PropertiesData", iLine);
+}
+
+bool CheckName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE())
+{
+    return g_check.Holds(iPropertyName.GetLengthInChar() > 0, ZrvCheck_NameIsThere, iLine);
+}
+
+} // namespace
+
+ZrvProperties::ZrvProperties(ZrvConstPropertiesPrototype* iPrototype)
+    : m_PropertiesData(std::make_unique<ZrvPropertiesData>(iPrototype))
+{
+}
+
+ZrvProperties::ZrvProperties(const ZrvProperties& iOther)
+    : m_PropertiesData(iOther.m_PropertiesData ? std::make_unique<ZrvPropertiesData>(*iOther.m_PropertiesData) : nullptr)
+{
+}
+
+ZrvProperties::~ZrvProperties() = default;
+
+ZrvProperties& ZrvProperties::operator=(const ZrvProperties& iProperties)
+{
+    if (&iProperties == this) {
+        return *this;
+    }
+    const bool hasData = CheckData(m_PropertiesData);
+    const bool hasSource = g_check.IsThere(iProperties.m_PropertiesData != nullptr, "iProperties.m_PropertiesData");
+    if (hasData && hasSource) {
+        *m_PropertiesData = *iProperties.m_PropertiesData;
+    }
+    return *this;
+}
+
+ZrvRC ZrvProperties::GetPrototype(ZrvConstPropertiesPrototype*& ioPrototype) const
+{
+    if (!CheckData(m_PropertiesData) || !g_check.Holds(!ioPrototype, "!ioPrototype")) {
+        return ZrvRC::zrvEC_Error;
+    }
+    ioPrototype = m_PropertiesData->GetPrototype();
+    return ZrvRC::zrvEC_OK;
+}
+
+int ZrvProperties::HasProperty(const KELUnicodeString& iPropertyName) const
+{
+    return CheckData(m_PropertiesData) ? m_PropertiesData->HasProperty(iPropertyName) : 0;
+}
+
+int ZrvProperties::GetListProperties(KELSysTSListOfUnicodeString& ioList) const
+{
+    if (!CheckData(m_PropertiesData)) {
+        return 0;
+    }
+    KELListValKELUnicodeString names;
+    const int count = m_PropertiesData->GetListProperties(names);
+    for (int position = 1; position <= names.Size(); ++position) {
+        ioList.PutBack(KELSysTSUnicodeString(names[position].ConvertToChar()));
+    }
+    return count;
+}
+
+int ZrvProperties::GetListProperties(KELListValKELUnicodeString& ioList) const
+{
+    return CheckData(m_PropertiesData) ? m_PropertiesData->GetListProperties(ioList) : 0;
+}
+
+ZrvProperties::PropertyAvailability ZrvProperties::GetAvailability(const KELUnicodeString& iPropertyName) const
+{
+    return CheckData(m_PropertiesData) ? m_PropertiesData->GetAvailability(iPropertyName) : zrvPA_Unavailable;
+}
+
+KELUnicodeString ZrvProperties::GetPropertyType(const KELUnicodeString& iPropertyName) const
+{
+    return CheckData(m_PropertiesData) ? m_PropertiesData->GetPropertyType(iPropertyName) : KELUnicodeString();
+}
+
+ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                                 ZrvConstPropertiesPrototype* iPropertyPrototype)
+{
+    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName) ||
+        !g_check.Holds(iPropertyType.GetLengthInChar() > 0, ZrvCheck_TypeNameIsThere)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    return m_PropertiesData->AddProperty(iPropertyName, iPropertyType, iPropertyPrototype);
+}
+
+ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName)
+{
+    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    return m_PropertiesData->AddProperty(iPropertyName);
+}
+
+ZrvProperties* ZrvProperties::GetPropertyParameters(const KELUnicodeString& iPropertyName) const
+{
+    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+        return nullptr;
+    }
+    return m_PropertiesData->GetPropertyParameters(iPropertyName);
+}
+
+ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
+{
+    if (!CheckData(m_PropertiesData) ||
+        !g_check.IsThere(iPropertiesValues.m_PropertiesData != nullptr, "iPropertiesValues.m_PropertiesData")) {
+        return ZrvRC::zrvEC_Error;
+    }
+    if (&iPropertiesValues == this) {
+        return ZrvRC::zrvEC_NothingDone;
+    }
+    KELListValKELUnicodeString names;
+    if (iPropertiesValues.GetListProperties(names) == 0) {
+        return ZrvRC::zrvEC_OK;
+    }
+    return m_PropertiesData->SetFromProperties(*iPropertiesValues.m_PropertiesData);
+}
+
+const ZrvPropertyValueBase* ZrvProperties::GetProperty(const KELUnicodeString& iPropertyName) const
+{
+    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+        return nullptr;
+    }
+    return m_PropertiesData->GetProperty(iPropertyName);
+}
+
+ZrvRC ZrvProperties::SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+{
+    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName) ||
+        !g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    return m_PropertiesData->SetProperty(iPropertyName, iValue);
+}
+
+KELUnicodeString ZrvDebugServices::GetTracesFromProperties(const ZrvProperties& /*iProperties*/)
+{
+    return KELUnicodeString();
+}
+
+ZrvDebugServices& ZrvDebugServices::operator=(const ZrvDebugServices& /*iOther*/)
+{
+    return *this;
+}
+
+ZrvDebugServices& ZrvDebugServices::operator=(ZrvDebugServices&& /*iOther*/)
+{
+    return *this;
+}

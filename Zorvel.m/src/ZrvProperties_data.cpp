@@ -1,0 +1,331 @@
+#include "ZrvProperties_data.h"
+
+#include "ZrvCheck.h"
+#include "ZrvLock.h"
+
+#include <utility>
+
+namespace {
+
+constexpr ZrvCheck g_check("ZrvProperties_data");
+constexpr char g_isAvailable[] = "ZrvProperties::zrvPA_Unavailable!=propertyAvailability";
+
+bool CheckName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE())
+{
+    return g_check.Holds(iPropertyName.GetLengthInChar() > 0, ZrvCheck_NameIsThere, iLine);
+}
+
+ZrvRC Failure(const char* iTrace)
+{
+    return ZrvRC(ZrvRC::zrvEC_Error, iTrace);
+}
+
+} // namespace
+
+ZrvPropertiesData::ZrvPropertiesData(ZrvConstPropertiesPrototype* iPrototype) : m_pPrototype(iPrototype) {}
+
+// Delegates, so that the destructor cleans up when copying throws half-way.
+ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource) : ZrvPropertiesData(nullptr)
+{
+    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
+    m_pPrototype = iSource.m_pPrototype;
+    for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
+        if (source.key.GetLengthInChar() > 0 && source.value) {
+            PropertyMap::EntryHolder entry = PropertyMap::MakeEntry(source.key, nullptr, sizeof(ZrvProperty));
+            std::unique_ptr<ZrvProperty> property = source.value->DuplicateIn(PropertyMap::RoomOf(*entry));
+            Insert_Int(std::move(entry), std::move(property));
+        }
+    }
+}
+
+ZrvPropertiesData::~ZrvPropertiesData()
+{
+    m_pPrototype = nullptr;
+    RemoveAllProperties_Int();
+}
+
+ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource)
+{
+    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
+    if (&iSource != this) {
+        m_pPrototype = iSource.m_pPrototype;
+        RemoveAllProperties_Int();
+        SetFromProperties_Int(iSource);
+    }
+    return *this;
+}
+
+void ZrvPropertiesData::RemoveAllProperties_Int()
+{
+    for (PropertyMap::Entry& entry : m_propertyMap.Entries()) {
+        std::unique_ptr<ZrvProperty>(std::exchange(entry.value, nullptr));
+    }
+    m_propertyMap.RemoveAll();
+}
+
+ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) const
+{
+    ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName);
+    return property ? *property : nullptr;
+}
+
+bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                                        ZrvConstPropertiesPrototype* iPropertyPrototype)
+{
+    PropertyMap::EntryHolder entry = PropertyMap::MakeEntry(iPropertyName, nullptr, sizeof(ZrvProperty));
+    std::unique_ptr<ZrvProperty> property =
+        ZrvProperty::CreateIn(PropertyMap::RoomOf(*entry), iPropertyType, iPropertyPrototype);
+    if (!property) {
+        return false;
+    }
+    Insert_Int(std::move(entry), std::move(property));
+    return true;
+}
+
+void ZrvPropertiesData::Insert_Int(PropertyMap::EntryHolder iEntry, std::unique_ptr<ZrvProperty> iProperty)
+{
+    // Until the map has the entry it is destroyed after the property that lies in it.
+    PropertyMap::EntryHolder entry = std::move(iEntry);
+    std::unique_ptr<ZrvProperty> property = std::move(iProperty);
+    entry->value = property.get();
+    switch (m_propertyMap.InsertEntry(entry)) {
+    case 1:
+        static_cast<void>(property.release());
+        break;
+    case 0: { // the name's entry is there without a property
+        std::unique_ptr<ZrvProperty> copy(property->Duplicate());
+        m_propertyMap.Insert(entry->key, copy.get());
+        static_cast<void>(copy.release());
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const KELUnicodeString& iPropertyName) const
+{
+    if (!CheckName(iPropertyName)) {
+        return ZrvProperties::zrvPA_Unavailable;
+    }
+    if (ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName)) {
+        return *property ? ZrvProperties::zrvPA_Instantiated : ZrvProperties::zrvPA_Available;
+    }
+    if (m_pPrototype && m_pPrototype->HasProperty(iPropertyName).IsError()) {
+        return ZrvProperties::zrvPA_Unavailable;
+    }
+    return ZrvProperties::zrvPA_Available;
+}
+
+ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                                         ZrvConstPropertiesPrototype* iPropertyPrototype)
+{
+    if (!g_check.Holds(!m_pPrototype, "!m_pPrototype")) {
+        return Failure("AddProperty: Wrong call, should not have prototype.");
+    }
+    if (!CheckName(iPropertyName)) {
+        return Failure("AddProperty: Missing propertyName");
+    }
+    if (!g_check.Holds(iPropertyType.GetLengthInChar() > 0, ZrvCheck_TypeNameIsThere)) {
+        return Failure("AddProperty: Missing propertyType");
+    }
+    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName);
+    if (!g_check.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable, g_isAvailable)) {
+        return Failure("AddProperty: property not available");
+    }
+    if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
+        return ZrvRC::zrvEC_OK;
+    }
+    if (!Instantiate_Int(iPropertyName, iPropertyType, iPropertyPrototype)) {
+        return Failure("AddProperty: property not instanciated");
+    }
+    if (!g_check.IsThere(m_propertyMap.Locate(iPropertyName) != nullptr, "ppProperty")) {
+        return Failure("AddProperty: property not retrieved.");
+    }
+    return ZrvRC::zrvEC_OK;
+}
+
+ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
+{
+    if (!g_check.IsThere(static_cast<bool>(m_pPrototype), "m_pPrototype") || !CheckName(iPropertyName)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName);
+    if (!g_check.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable, g_isAvailable)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
+        return ZrvRC::zrvEC_OK;
+    }
+    const KELUnicodeString propertyType = m_pPrototype->GetPropertyType(iPropertyName);
+    if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "propertyType.GetLengthInChar()>0")) {
+        return ZrvRC::zrvEC_Error;
+    }
+    const auto propertyPrototype =
+        KELReference<ZrvConstPropertiesPrototype>::Adopt(m_pPrototype->GetPropertyPrototype(iPropertyName));
+    return Instantiate_Int(iPropertyName, propertyType, propertyPrototype.Get()) ? ZrvRC::zrvEC_OK
+                                                                                 : ZrvRC::zrvEC_Error;
+}
+
+KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
+{
+    if (!CheckName(iPropertyName)) {
+        return KELUnicodeString();
+    }
+    const ZrvProperty* property = Find_Int(iPropertyName);
+    return property ? property->GetType() : KELUnicodeString();
+}
+
+ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+{
+    if (!CheckName(iPropertyName) ||
+        !g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    ZrvProperty* property = Find_Int(iPropertyName);
+    return property ? property->SetValue(iValue) : ZrvRC(ZrvRC::zrvEC_Error);
+}
+
+ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource)
+{
+    for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
+        ZrvRC rc = CheckCopy_Int(source.key, source.value);
+        if (rc.IsError()) {
+            return rc;
+        }
+    }
+    ZrvRC result = ZrvRC::zrvEC_Error;
+    for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
+        if (source.value && source.value->GetValue()) {
+            result = CopyProperty_Int(source.key, *source.value);
+            if (result.IsError()) {
+                return result;
+            }
+        }
+    }
+    return result;
+}
+
+// Whether a property can be copied into this set, as far as can be told without changing it.
+ZrvRC ZrvPropertiesData::CheckCopy_Int(const KELUnicodeString& iPropertyName, const ZrvProperty* iProperty) const
+{
+    if (!g_check.Holds(iPropertyName.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
+        return Failure("Property without name.");
+    }
+    const KELUnicodeString propertyType = iProperty ? iProperty->GetType() : KELUnicodeString();
+    if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
+        return Failure("Property without type.");
+    }
+    if (!g_check.IsThere(iProperty->GetValue() != nullptr, "pInputPropertyValue")) {
+        return Failure("Property without value.");
+    }
+    if (GetAvailability_Int(iPropertyName) == ZrvProperties::zrvPA_Unavailable) {
+        return ZrvRC::zrvEC_Error;
+    }
+    if (m_propertyMap.Contains(iPropertyName) && propertyType.Compare(GetPropertyType_Int(iPropertyName)) != 2) {
+        return ZrvRC::zrvEC_Error;
+    }
+    return ZrvRC::zrvEC_OK;
+}
+
+ZrvRC ZrvPropertiesData::CopyProperty_Int(const KELUnicodeString& iPropertyName, const ZrvProperty& iProperty)
+{
+    if (!m_propertyMap.Contains(iPropertyName)) {
+        ZrvRC rc = m_pPrototype ? AddProperty_Int(iPropertyName)
+                                : AddProperty_Int(iPropertyName, iProperty.GetType(), nullptr);
+        if (!g_check.Holds(!rc.IsError(), "!(rc.IsError())")) {
+            return Failure(rc.Dump());
+        }
+    }
+    const bool isSet = !SetProperty_Int(iPropertyName, *iProperty.GetValue()).IsError();
+    if (!g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )")) {
+        return ZrvRC::zrvEC_Error;
+    }
+    return ZrvRC::zrvEC_OK;
+}
+
+ZrvRC ZrvPropertiesData::AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                                     ZrvConstPropertiesPrototype* iPropertyPrototype)
+{
+    const ZrvLock lock(m_mutex);
+    return AddProperty_Int(iPropertyName, iPropertyType, iPropertyPrototype);
+}
+
+ZrvRC ZrvPropertiesData::AddProperty(const KELUnicodeString& iPropertyName)
+{
+    const ZrvLock lock(m_mutex);
+    return AddProperty_Int(iPropertyName);
+}
+
+ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability(const KELUnicodeString& iPropertyName) const
+{
+    const ZrvLock lock(m_mutex);
+    return GetAvailability_Int(iPropertyName);
+}
+
+int ZrvPropertiesData::HasProperty(const KELUnicodeString& iPropertyName) const
+{
+    const ZrvLock lock(m_mutex);
+    return m_propertyMap.Contains(iPropertyName);
+}
+
+int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) const
+{
+    const ZrvLock lock(m_mutex);
+    int count = 0;
+    for (const PropertyMap::Entry& entry : m_propertyMap.Entries()) {
+        if (entry.key.GetLengthInChar() > 0) {
+            ioList.Append(entry.key);
+            ++count;
+        }
+    }
+    return count;
+}
+
+const ZrvPropertyValueBase* ZrvPropertiesData::GetProperty(const KELUnicodeString& iPropertyName) const
+{
+    const ZrvLock lock(m_mutex);
+    if (!CheckName(iPropertyName)) {
+        return nullptr;
+    }
+    const ZrvProperty* property = Find_Int(iPropertyName);
+    return property ? property->GetValue() : nullptr;
+}
+
+KELUnicodeString ZrvPropertiesData::GetPropertyType(const KELUnicodeString& iPropertyName) const
+{
+    const ZrvLock lock(m_mutex);
+    return GetPropertyType_Int(iPropertyName);
+}
+
+ZrvProperties* ZrvPropertiesData::GetPropertyParameters(const KELUnicodeString& iPropertyName) const
+{
+    const ZrvLock lock(m_mutex);
+    if (!CheckName(iPropertyName)) {
+        return nullptr;
+    }
+    ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName);
+    if (!g_check.IsThere(property != nullptr, "ppProperty") || !g_check.IsThere(*property != nullptr, "*ppProperty")) {
+        return nullptr;
+    }
+    ZrvProperties* parameters = nullptr;
+    return (*property)->GetParameters(&parameters).IsValid() ? parameters : nullptr;
+}
+
+ZrvConstPropertiesPrototype* ZrvPropertiesData::GetPrototype() const
+{
+    const ZrvLock lock(m_mutex);
+    return m_pPrototype.Share();
+}
+
+ZrvRC ZrvPropertiesData::SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+{
+    const ZrvLock lock(m_mutex);
+    return SetProperty_Int(iPropertyName, iValue);
+}
+
+ZrvRC ZrvPropertiesData::SetFromProperties(const ZrvPropertiesData& iSource)
+{
+    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
+    return SetFromProperties_Int(iSource);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "KELReference.h"
+#include "KELUnicodeString.h"
+#include "ZrvConstPropertiesPrototype.h"
+#include "ZrvPropertyType.h"
+#include "ZrvRC.h"
+
+/// What a prototype knows of one property: its value type's name and its nested prototype, if it has one.
+///
+/// Each of the two is set once, by the constructor or a setter; a setter refuses to replace what is set. Not changed by
+/// one thread while another uses it.
+class ZrvPropertyDefinition {
+public:
+    /// Keeps a copy of the type name and a reference of its own on the prototype, which may be null.
+    ZrvPropertyDefinition(const KELUnicodeString& iType, ZrvConstPropertiesPrototype* iPropertyPrototype);
+    ZrvPropertyDefinition(const ZrvPropertyDefinition&) = default;
+    ZrvPropertyDefinition& operator=(const ZrvPropertyDefinition&) = default;
+    virtual ~ZrvPropertyDefinition() = default;
+
+    /// Sets the type name; an error for an empty name and, with a trace, for one that differs from the name that is set.
+    ZrvRC SetType(const KELUnicodeString& iType);
+
+    /// Sets the nested prototype; an error with a trace for null, which is also a failed check, and when one is set.
+    ZrvRC SetPrototype(ZrvConstPropertiesPrototype* iPropertyPrototype);
+
+    KELUnicodeString GetType() const { return m_type; }
+    ZrvPropertyType GetAsType() const;
+
+    /// The nested prototype with a reference added for the caller, who releases it, or null.
+    ZrvConstPropertiesPrototype* GetPrototype() const { return m_pPropertyPrototype.Share(); }
+
+private:
+    KELUnicodeString m_type;
+    KELReference<ZrvConstPropertiesPrototype> m_pPropertyPrototype;
+};
