@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSYPHashMap_H
+#define KELSYPHashMap_H
 
 #include "KELCheckFailure.h"
 #include "KELSYPHashMapBaseIterator.h"
@@ -228,7 +229,10 @@ public:
     public:
         class Position {
         public:
-            Position(const KELSysSimpleHashTable& iTable, int iIndex) : m_table(&iTable), m_index(iIndex) { SkipNulls(); }
+            Position(const KELSysSimpleHashTable& iTable, int iIndex) : m_table(&iTable), m_index(iIndex)
+            {
+                SkipNulls();
+            }
 
             Entry& operator*() const { return *static_cast<Entry*>(m_table->Get(m_index)); }
             Position& operator++()
@@ -316,3 +320,5 @@ private:
 
     KELSysSimpleHashTable m_table;
 };
+
+#endif

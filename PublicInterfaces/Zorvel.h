@@ -1,4 +1,5 @@
-#pragma once
+#ifndef Zorvel_H
+#define Zorvel_H
 
 /// \file
 /// Everything that the library offers to its callers.
@@ -23,3 +24,5 @@
 
 /// Marks the library: found by its plain name in the loaded module. Returns 1.
 extern "C" ZRV_API int QUORVEL_INTERNAL_Zorvel();
+
+#endif

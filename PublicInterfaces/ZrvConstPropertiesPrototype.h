@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvConstPropertiesPrototype_H
+#define ZrvConstPropertiesPrototype_H
 
 #include "KELListValKELUnicodeString.h"
 #include "KELSysTSBaseUnknown.h"
@@ -27,7 +28,8 @@ public:
     /// The declared type name; empty for a name that is not declared.
     virtual const KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const = 0;
 
-    /// The declared type; `zrvPT_Undefined` for a name that is not declared and for a type name that is none of the nine.
+    /// The declared type; `zrvPT_Undefined` for a name that is not declared and for a type name that is none of the
+    /// nine.
     virtual ZrvPropertyType GetPropertyAsType(const KELUnicodeString& iPropertyName) const = 0;
 
     /// The nested prototype with a reference added for the caller, who releases it; null when there is none and for a
@@ -40,3 +42,5 @@ protected:
     /// A new object with one reference of its own; there is nothing to copy.
     ZrvConstPropertiesPrototype(const ZrvConstPropertiesPrototype& iOther);
 };
+
+#endif

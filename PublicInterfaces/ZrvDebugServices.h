@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvDebugServices_H
+#define ZrvDebugServices_H
 
 #include "KELUnicodeString.h"
 #include "ZrvExport.h"
@@ -20,3 +21,5 @@ public:
     /// The traces of a set: there are none, so an empty string.
     static KELUnicodeString GetTracesFromProperties(const ZrvProperties& iProperties);
 };
+
+#endif

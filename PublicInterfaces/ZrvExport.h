@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvExport_H
+#define ZrvExport_H
 
 /// \file
 /// The export macros of the library.
@@ -23,4 +24,6 @@
 #define ZRV_EXPORTED_INLINE __attribute__((used))
 #else
 #define ZRV_EXPORTED_INLINE
+#endif
+
 #endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvFPSMeasure_H
+#define ZrvFPSMeasure_H
 
 #include "KELSysElapseTime.h"
 #include "KELTypes.h"
@@ -46,8 +47,8 @@ public:
     /// Measures if the period has passed since the last measurement; returns whether it did.
     bool HasNewInstantFPS();
 
-    /// The rate of the last complete interval; 0 before the first and after one without frames. Measures first, if there
-    /// is a rate and the period has passed.
+    /// The rate of the last complete interval; 0 before the first and after one without frames. Measures first, if
+    /// there is a rate and the period has passed.
     int GetInstantFPS();
 
     /// All frames since the start over the time of all complete intervals; 0 before the first. Measures first, if there
@@ -69,3 +70,5 @@ private:
     double m_measuredSeconds = 0.0;
     KELINT32 m_period;
 };
+
+#endif

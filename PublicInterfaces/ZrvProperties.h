@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvProperties_H
+#define ZrvProperties_H
 
 #include "KELListValKELUnicodeString.h"
 #include "KELSysTSListOfUnicodeString.h"
@@ -49,8 +50,8 @@ public:
 
     virtual ~ZrvProperties();
 
-    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. What can
-    /// not be copied is reported as a failed check and ends the copy.
+    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. What
+    /// can not be copied is reported as a failed check and ends the copy.
     ZrvProperties& operator=(const ZrvProperties& iProperties);
 
     /// Stores the prototype in ioPrototype, which must be null, with a reference added for the caller; null for a free
@@ -83,8 +84,8 @@ public:
     /// \return an error for a free set, an empty name, a name that is not declared or one declared with an unknown type
     virtual ZrvRC AddProperty(const KELUnicodeString& iPropertyName);
 
-    /// A copy of the nested set of parameters of a property, which the caller deletes; null when it has none, and, after
-    /// a report, for a name that the set does not hold.
+    /// A copy of the nested set of parameters of a property, which the caller deletes; null when it has none, and,
+    /// after a report, for a name that the set does not hold.
     virtual ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;
 
     /// Copies every property of the other set into this one: adds those that it lacks, assigns those that it holds, and
@@ -104,3 +105,5 @@ public:
 private:
     std::unique_ptr<ZrvPropertiesData> m_PropertiesData;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPropertiesPrototype_H
+#define ZrvPropertiesPrototype_H
 
 #include "ZrvConstPropertiesPrototype.h"
 
@@ -29,3 +30,5 @@ public:
 protected:
     ZrvPropertiesPrototype() = default;
 };
+
+#endif

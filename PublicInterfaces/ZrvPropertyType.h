@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPropertyType_H
+#define ZrvPropertyType_H
 
 #include "KELTypes.h"
 
@@ -25,3 +26,5 @@ enum ZrvPropertyType : KELINT32 {
 #undef ZRV_ENUMERATOR
         zrvPT_Undefined
 };
+
+#endif

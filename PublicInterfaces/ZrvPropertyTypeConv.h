@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPropertyTypeConv_H
+#define ZrvPropertyTypeConv_H
 
 #include "KELUnicodeString.h"
 #include "ZrvExport.h"
@@ -25,3 +26,5 @@ public:
     /// The type of that exact name; `zrvPT_Undefined` for any other text.
     static ZrvPropertyType GetEnum(const KELUnicodeString& iTypeName);
 };
+
+#endif

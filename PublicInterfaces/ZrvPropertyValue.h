@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPropertyValue_H
+#define ZrvPropertyValue_H
 
 #include "KELRawCollfloat.h"
 #include "KELReference.h"
@@ -156,3 +157,5 @@ inline bool ZrvPropertyValue<KELSysTSBaseUnknown*>::IsEqualTo(KELSysTSBaseUnknow
 {
     return m_typedValue == iOther;
 }
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPropertyValueBase_H
+#define ZrvPropertyValueBase_H
 
 #include "KELRawCollfloat.h"
 #include "KELUnicodeString.h"
@@ -24,8 +25,8 @@ public:
     /// A new copy, which the caller deletes; null for a value without a type. Throws the standard allocation failure.
     virtual ZrvPropertyValueBase* Duplicate() const;
 
-    /// Takes over the value of iOther, which must have the same type name; else an error with an empty trace, and nothing
-    /// changes. A value without a type always fails, and reports a failed check.
+    /// Takes over the value of iOther, which must have the same type name; else an error with an empty trace, and
+    /// nothing changes. A value without a type always fails, and reports a failed check.
     virtual ZrvRC SetValueFromProperty(const ZrvPropertyValueBase& iOther);
 
     /// Whether iOther has the same type name and an equal value.
@@ -40,3 +41,5 @@ ZRV_API bool ZrvPropertyValue_StringComparator(const KELUnicodeString& iFirst, c
 
 /// Whether two lists have the same number of elements and compare equal.
 ZRV_API bool ZrvPropertyValue_LstFloatComparator(const KELRawCollfloat& iFirst, const KELRawCollfloat& iSecond);
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPrototypeImpl_H
+#define ZrvPrototypeImpl_H
 
 #include "ZrvPropertiesPrototype.h"
 
@@ -38,9 +39,9 @@ public:
                       ZrvConstPropertiesPrototype* iPropertyPrototype) override;
     ZrvRC RemoveProperty(const KELUnicodeString& iPropertyName) override;
 
-    /// Stores the nested prototype of a declared property in oPropertyPrototype, with a reference added for the caller, or
-    /// null when it has none. What oPropertyPrototype held is overwritten and not released. A name that is not declared is
-    /// an error with an empty trace and leaves it as it was.
+    /// Stores the nested prototype of a declared property in oPropertyPrototype, with a reference added for the caller,
+    /// or null when it has none. What oPropertyPrototype held is overwritten and not released. A name that is not
+    /// declared is an error with an empty trace and leaves it as it was.
     virtual ZrvRC GetPropertyPrototype(const KELUnicodeString& iPropertyName,
                                        ZrvConstPropertiesPrototype*& oPropertyPrototype);
 
@@ -60,3 +61,5 @@ protected:
 private:
     std::unique_ptr<KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>> m_properties;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvRC_H
+#define ZrvRC_H
 
 #include "KELTypes.h"
 #include "KELUnicodeString.h"
@@ -110,10 +111,13 @@ private:
 #if defined(__cpp_impl_three_way_comparison)
 // C++20 also tries a comparison with its sides exchanged, and older compilers then find the two equally good where
 // neither side is const. This one fits better than both.
-template <class Left, class Right,
-          class = std::enable_if_t<std::is_same_v<std::decay_t<Left>, ZrvRC> && std::is_same_v<std::decay_t<Right>, ZrvRC>>>
+template <
+    class Left, class Right,
+    class = std::enable_if_t<std::is_same_v<std::decay_t<Left>, ZrvRC> && std::is_same_v<std::decay_t<Right>, ZrvRC>>>
 bool operator==(Left&& iLeft, Right&& iRight) noexcept
 {
     return ZrvRC(iLeft).operator==(iRight);
 }
+#endif
+
 #endif

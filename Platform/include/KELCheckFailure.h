@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELCheckFailure_H
+#define KELCheckFailure_H
 
 #include "KELExport.h"
 
@@ -43,3 +44,5 @@ KEL_API void Check_TRUE_Failed__(const char* iText, const char* iFile, int iLine
 KEL_API void Check_Pointer_Failed__(const char* iText, const char* iFile, int iLine, const char* iMessage);
 KEL_API void CheckFailure__(const char* iText, const char* iFile, int iLine, const char* iMessage);
 /// @}
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELExport_H
+#define KELExport_H
 
 /// \file
 /// The export macro of the platform library.
@@ -16,4 +17,6 @@
 #endif
 #else
 #define KEL_API __attribute__((visibility("default")))
+#endif
+
 #endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELListValKELUnicodeString_H
+#define KELListValKELUnicodeString_H
 
 #include <KELUnicodeString.h>
 #include <KELValueList.h>
@@ -9,3 +10,5 @@ public:
     /// Adds a copy of iText at the end.
     void Append(const KELUnicodeString& iText) { Add(iText); }
 };
+
+#endif

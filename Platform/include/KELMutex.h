@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELMutex_H
+#define KELMutex_H
 
 #include <KELThreadSafety.h>
 
@@ -44,3 +45,5 @@ private:
     std::atomic<std::thread::id> m_owner{};
     unsigned int m_depth = 0; // touched by the owner alone
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELPositions_H
+#define KELPositions_H
 
 #include "KELExport.h"
 
@@ -6,3 +7,5 @@
 ///
 /// The lists of the platform answer a position that they do not have with a neutral element, never with foreign memory.
 KEL_API bool KELHasPosition(int iPosition, int iSize);
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELRawCollfloat_H
+#define KELRawCollfloat_H
 
 #include "KELExport.h"
 #include "KELReferenceCount.h"
@@ -27,7 +28,8 @@ public:
     class Constant {
     public:
         /// N elements, each 0.
-        constexpr Constant() noexcept : m_elements{KELReferenceCount(KELReferenceCount::Immortal()), N, N, false, m_values}
+        constexpr Constant() noexcept
+            : m_elements{KELReferenceCount(KELReferenceCount::Immortal()), N, N, false, m_values}
         {
         }
 
@@ -82,3 +84,5 @@ private:
 
     Elements* m_elements = nullptr;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELReference_H
+#define KELReference_H
 
 #include <utility>
 
@@ -54,8 +55,14 @@ public:
     T* operator->() const noexcept { return m_object; }
     explicit operator bool() const noexcept { return m_object != nullptr; }
 
-    friend bool operator==(const KELReference& iHolder, const T* iObject) noexcept { return iHolder.m_object == iObject; }
-    friend bool operator!=(const KELReference& iHolder, const T* iObject) noexcept { return iHolder.m_object != iObject; }
+    friend bool operator==(const KELReference& iHolder, const T* iObject) noexcept
+    {
+        return iHolder.m_object == iObject;
+    }
+    friend bool operator!=(const KELReference& iHolder, const T* iObject) noexcept
+    {
+        return iHolder.m_object != iObject;
+    }
 
 private:
     void Acquire() const
@@ -67,3 +74,5 @@ private:
 
     T* m_object = nullptr;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELReferenceCount_H
+#define KELReferenceCount_H
 
 #include "KELTypes.h"
 
@@ -36,3 +37,5 @@ private:
 
     std::atomic<KELUINT32> m_count;
 };
+
+#endif

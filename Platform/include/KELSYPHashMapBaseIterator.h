@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSYPHashMapBaseIterator_H
+#define KELSYPHashMapBaseIterator_H
 
 #include <KELSysSimpleHashTable.h>
 
@@ -26,3 +27,5 @@ private:
     const KELSysSimpleHashTable* m_table;
     int m_index = 0;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSysElapseTime_H
+#define KELSysElapseTime_H
 
 #include "KELExport.h"
 
@@ -20,3 +21,5 @@ public:
 private:
     std::chrono::steady_clock::time_point m_start;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSysSimpleHashTable_H
+#define KELSysSimpleHashTable_H
 
 #include <cstddef>
 #include <limits>
@@ -31,8 +32,9 @@ public:
     KELSysSimpleHashTable& operator=(const KELSysSimpleHashTable&) = delete;
     ~KELSysSimpleHashTable() = default;
 
-    /// Stores iElement unless an equal element is stored, and returns the element that is now stored. Null when it could
-    /// store nothing: for a null element and in a full table. Throws the standard allocation failure; nothing changes then.
+    /// Stores iElement unless an equal element is stored, and returns the element that is now stored. Null when it
+    /// could store nothing: for a null element and in a full table. Throws the standard allocation failure; nothing
+    /// changes then.
     void* InsertAndReturn(void* iElement);
 
     /// The stored element that is equal to the probe, or null.
@@ -129,8 +131,7 @@ inline void* KELSysSimpleHashTable::InsertAndReturn(void* iElement)
 
 inline void* KELSysSimpleHashTable::Remove(void* iProbe)
 {
-    const int index =
-        Find(m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
+    const int index = Find(m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
     if (index == kNone) {
         return nullptr;
     }
@@ -191,3 +192,5 @@ inline int& KELSysSimpleHashTable::LinkTo(int iIndex)
     }
     return *link;
 }
+
+#endif

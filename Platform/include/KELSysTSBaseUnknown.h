@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSysTSBaseUnknown_H
+#define KELSysTSBaseUnknown_H
 
 #include "KELExport.h"
 #include "KELReferenceCount.h"
@@ -34,3 +35,5 @@ protected:
 private:
     KELReferenceCount m_references;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSysTSListOfUnicodeString_H
+#define KELSysTSListOfUnicodeString_H
 
 #include <KELSysTSUnicodeString.h>
 #include <KELValueList.h>
@@ -9,3 +10,5 @@ public:
     /// Adds a copy of iText at the end.
     void PutBack(const KELSysTSUnicodeString& iText) { Add(iText); }
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELSysTSUnicodeString_H
+#define KELSysTSUnicodeString_H
 
 #include <KELUnicodeString.h>
 
@@ -16,3 +17,5 @@ public:
 private:
     KELUnicodeString m_text;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELText_H
+#define KELText_H
 
 #include "KELReferenceCount.h"
 #include "KELTypes.h"
@@ -110,3 +111,5 @@ constexpr KELUINT32 KELText::Hash(const char* iText, std::size_t iLength) noexce
     }
     return static_cast<KELUINT32>(hash ^ (hash >> 17U));
 }
+
+#endif

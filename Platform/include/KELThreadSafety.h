@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELThreadSafety_H
+#define KELThreadSafety_H
 
 /// \file
 /// Annotations by which Clang proves, at compile time, that what a mutex guards is only touched under it. Empty for
@@ -17,3 +18,5 @@
 #define KEL_ACQUIRE(...) KEL_THREAD_ATTRIBUTE(acquire_capability(__VA_ARGS__))
 #define KEL_RELEASE(...) KEL_THREAD_ATTRIBUTE(release_capability(__VA_ARGS__))
 #define KEL_NO_THREAD_SAFETY_ANALYSIS KEL_THREAD_ATTRIBUTE(no_thread_safety_analysis)
+
+#endif

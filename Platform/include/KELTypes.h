@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELTypes_H
+#define KELTypes_H
 
 #include <cstdint>
 
@@ -14,4 +15,6 @@ using KELUINT32 = std::uint32_t;
 typedef long HRESULT; // the system's own declaration, repeated so that its headers are not needed
 #else
 typedef std::int32_t HRESULT;
+#endif
+
 #endif

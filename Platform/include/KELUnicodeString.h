@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELUnicodeString_H
+#define KELUnicodeString_H
 
 #include "KELExport.h"
 #include "KELText.h"
@@ -9,9 +10,9 @@
 /// A Unicode string: immutable UTF-8 text, shared between copies.
 ///
 /// Copying, moving and assigning never allocate and never fail; a string that shows a text of its own is made by the
-/// constructor from narrow text, by `Append` and by `Insert`, which leave it unchanged when memory runs out. A character
-/// is a code point; positions count characters from 0. Bytes that are not well-formed UTF-8 are kept as they are and
-/// count one character each. Comparison is exact: case matters, and nothing is normalised.
+/// constructor from narrow text, by `Append` and by `Insert`, which leave it unchanged when memory runs out. A
+/// character is a code point; positions count characters from 0. Bytes that are not well-formed UTF-8 are kept as they
+/// are and count one character each. Comparison is exact: case matters, and nothing is normalised.
 ///
 /// Different strings may be used by different threads, also when they share a text; one string is not changed by one
 /// thread while another uses it.
@@ -38,10 +39,7 @@ public:
     KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_text(std::exchange(ioOther.m_text, nullptr)) {}
     ~KELUnicodeString() { RemoveHolder(); }
 
-    KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept
-    {
-        return *this = KELUnicodeString(iOther);
-    }
+    KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept { return *this = KELUnicodeString(iOther); }
 
     KELUnicodeString& operator=(KELUnicodeString&& ioOther) noexcept
     {
@@ -87,7 +85,8 @@ public:
 
 private:
     static const KELText* MakeText(const char* iFirst, std::size_t iFirstLength, const char* iSecond = "",
-                                   std::size_t iSecondLength = 0, const char* iThird = "", std::size_t iThirdLength = 0);
+                                   std::size_t iSecondLength = 0, const char* iThird = "",
+                                   std::size_t iThirdLength = 0);
     static void Destroy(const KELText* iText) noexcept;
 
     std::size_t LengthInBytes() const noexcept { return m_text ? static_cast<std::size_t>(m_text->Length()) : 0; }
@@ -120,3 +119,5 @@ private:
 
     const KELText* m_text = nullptr; // null shows the empty text, which has no other form
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef KELValueList_H
+#define KELValueList_H
 
 #include <KELPositions.h>
 
@@ -28,3 +29,5 @@ protected:
 private:
     std::vector<T> m_elements;
 };
+
+#endif

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvCheck_H
+#define ZrvCheck_H
 
 #include "KELCheckFailure.h"
 
@@ -35,10 +36,7 @@ public:
         return iPointer;
     }
 
-    void Fail(const char* iText, int iLine = __builtin_LINE()) const
-    {
-        CheckFailure__(iText, m_file, iLine, nullptr);
-    }
+    void Fail(const char* iText, int iLine = __builtin_LINE()) const { CheckFailure__(iText, m_file, iLine, nullptr); }
 
 private:
     const char* m_file;
@@ -50,3 +48,5 @@ inline constexpr char ZrvCheck_NameIsThere[] = "iPropertyName.GetLengthInChar()>
 inline constexpr char ZrvCheck_TypeNameIsThere[] = "iPropertyType.GetLengthInChar()>0";
 inline constexpr char ZrvCheck_ValueHasType[] = "iValue.GetType().GetLengthInChar()>0";
 /// @}
+
+#endif

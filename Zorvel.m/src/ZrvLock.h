@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvLock_H
+#define ZrvLock_H
 
 #include "KELMutex.h"
 #include "KELThreadSafety.h"
@@ -46,3 +47,5 @@ private:
     KELMutex& m_first;
     KELMutex& m_second;
 };
+
+#endif

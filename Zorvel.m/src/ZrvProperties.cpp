@@ -27,7 +27,8 @@ ZrvProperties::ZrvProperties(ZrvConstPropertiesPrototype* iPrototype)
 }
 
 ZrvProperties::ZrvProperties(const ZrvProperties& iOther)
-    : m_PropertiesData(iOther.m_PropertiesData ? std::make_unique<ZrvPropertiesData>(*iOther.m_PropertiesData) : nullptr)
+    : m_PropertiesData(iOther.m_PropertiesData ? std::make_unique<ZrvPropertiesData>(*iOther.m_PropertiesData)
+                                               : nullptr)
 {
 }
 

@@ -163,8 +163,7 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
     }
     const auto propertyPrototype =
         KELReference<ZrvConstPropertiesPrototype>::Adopt(m_pPrototype->GetPropertyPrototype(iPropertyName));
-    return Instantiate_Int(iPropertyName, propertyType, propertyPrototype.Get()) ? ZrvRC::zrvEC_OK
-                                                                                 : ZrvRC::zrvEC_Error;
+    return Instantiate_Int(iPropertyName, propertyType, propertyPrototype.Get()) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
 }
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
@@ -178,8 +177,7 @@ KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& 
 
 ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
 {
-    if (!CheckName(iPropertyName) ||
-        !g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
+    if (!CheckName(iPropertyName) || !g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
         return ZrvRC::zrvEC_Error;
     }
     ZrvProperty* property = Find_Int(iPropertyName);

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvProperties_data_H
+#define ZrvProperties_data_H
 
 #include "KELListValKELUnicodeString.h"
 #include "KELMutex.h"
@@ -17,8 +18,9 @@
 /// The data behind one property set: the properties by name, the prototype and the lock.
 ///
 /// Owns the properties; an entry of the map may be without one, and its name is then held but not instantiated. The
-/// operations answer as those of `ZrvProperties` do, which checks the arguments before them. Thread-safe: each operation
-/// holds the lock for its whole run, a copy the locks of both sets. Those that end in `_Int` run with the lock held.
+/// operations answer as those of `ZrvProperties` do, which checks the arguments before them. Thread-safe: each
+/// operation holds the lock for its whole run, a copy the locks of both sets. Those that end in `_Int` run with the
+/// lock held.
 class ZrvPropertiesData {
 public:
     /// An empty set; takes a reference on the prototype, which may be null.
@@ -75,3 +77,5 @@ private:
     KELReference<ZrvConstPropertiesPrototype> m_pPrototype KEL_GUARDED_BY(m_mutex);
     mutable KELMutex m_mutex{0, 1, 0};
 };
+
+#endif

@@ -167,8 +167,7 @@ ZrvProperty* ZrvProperty::Duplicate() const
 void ZrvProperty::CopyValue(const ZrvProperty& iOther)
 {
     const ZrvValueMaker* maker = iOther.m_value.get_deleter().placedBy;
-    ZrvPropertyValueBase* copy =
-        maker ? maker->placeCopy(m_valueRoom, *iOther.m_value) : iOther.m_value->Duplicate();
+    ZrvPropertyValueBase* copy = maker ? maker->placeCopy(m_valueRoom, *iOther.m_value) : iOther.m_value->Duplicate();
     m_value = {copy, ZrvValueDeleter{maker}};
 }
 

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvProperty_H
+#define ZrvProperty_H
 
 #include "KELReference.h"
 #include "KELUnicodeString.h"
@@ -47,7 +48,8 @@ public:
     /// The value, owned by the property; null without one.
     const ZrvPropertyValueBase* GetValue() const { return m_value.get(); }
 
-    /// Stores a copy of the nested set, which the caller deletes, or null when there is none. *opProperties must be null.
+    /// Stores a copy of the nested set, which the caller deletes, or null when there is none. *opProperties must be
+    /// null.
     ZrvRC GetParameters(ZrvProperties** opProperties) const;
 
     /// Makes a property with the default value of a type.
@@ -77,3 +79,5 @@ private:
     bool m_isInRoom = false;
     alignas(void*) std::byte m_valueRoom[2 * sizeof(void*)]; // for the largest of the nine values
 };
+
+#endif

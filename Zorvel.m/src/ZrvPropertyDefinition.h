@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZrvPropertyDefinition_H
+#define ZrvPropertyDefinition_H
 
 #include "KELReference.h"
 #include "KELUnicodeString.h"
@@ -18,7 +19,8 @@ public:
     ZrvPropertyDefinition& operator=(const ZrvPropertyDefinition&) = default;
     virtual ~ZrvPropertyDefinition() = default;
 
-    /// Sets the type name; an error for an empty name and, with a trace, for one that differs from the name that is set.
+    /// Sets the type name; an error for an empty name and, with a trace, for one that differs from the name that is
+    /// set.
     ZrvRC SetType(const KELUnicodeString& iType);
 
     /// Sets the nested prototype; an error with a trace for null, which is also a failed check, and when one is set.
@@ -34,3 +36,5 @@ private:
     KELUnicodeString m_type;
     KELReference<ZrvConstPropertiesPrototype> m_pPropertyPrototype;
 };
+
+#endif

@@ -8,7 +8,7 @@
 namespace {
 constexpr ZrvCheck g_check("ZrvPrototypeImpl");
 constexpr char g_mapIsThere[] = "m_properties";
-}
+} // namespace
 
 ZrvConstPropertiesPrototype::ZrvConstPropertiesPrototype() : KELSysTSBaseUnknown(1) {}
 

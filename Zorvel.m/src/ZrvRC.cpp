@@ -11,8 +11,10 @@ struct ResultMessage {
 };
 
 constexpr ResultMessage g_resultMessages[] = {
-    {0x80004003U, "E_POINTER : NULL pointer argument."},     {0x80004004U, "E_ABORT : Operation aborted."},
-    {0x80004005U, "E_FAIL : Failure."},                      {0x8007000EU, "E_OUTOFMEMORY : Insufficient memory."},
+    {0x80004003U, "E_POINTER : NULL pointer argument."},
+    {0x80004004U, "E_ABORT : Operation aborted."},
+    {0x80004005U, "E_FAIL : Failure."},
+    {0x8007000EU, "E_OUTOFMEMORY : Insufficient memory."},
     {0x80070057U, "E_INVALIDARG : Argument is invalid."},
 };
 
