@@ -1,0 +1,145 @@
+#include "CheckRecorder.h"
+#include "CountedObject.h"
+#include "KELListValKELUnicodeString.h"
+#include "KELMutex.h"
+#include "KELReference.h"
+#include "KELSysElapseTime.h"
+#include "KELSysTSListOfUnicodeString.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+
+namespace {
+
+TEST(KELMutex, IsReentrantAndExcludesOthers)
+{
+    KELMutex mutex(0, 1, 0);
+    int shared = 0;
+    const auto addTwice = [&] {
+        for (int i = 0; i < 10000; ++i) {
+            mutex.Lock();
+            mutex.Lock();
+            ++shared;
+            mutex.Unlock();
+            ++shared; // still held
+            mutex.Unlock();
+        }
+    };
+    std::thread other(addTwice);
+    addTwice();
+    other.join();
+    EXPECT_EQ(shared, 40000);
+}
+
+TEST(KELSysElapseTime, TellsMicrosecondsSinceTheStart)
+{
+    using namespace std::chrono_literals;
+    KELSysElapseTime clock;
+    std::this_thread::sleep_for(20ms);
+    const KELSysElapseTime copy(clock);
+    double elapsed = 0.0;
+    double copied = 0.0;
+    EXPECT_GE(clock.GetElapse(elapsed), 0);
+    EXPECT_GE(copy.GetElapse(copied), 0);
+    EXPECT_GE(elapsed, 20000.0);
+    EXPECT_GE(copied, elapsed);
+    EXPECT_EQ(clock.Reset(), 0);
+    double restarted = 0.0;
+    clock.GetElapse(restarted);
+    copy.GetElapse(copied);
+    EXPECT_LE(restarted + 20000.0, copied);
+}
+
+TEST(KELSysTSBaseUnknown, CountsAndKnowsNoInterface)
+{
+    bool isGone = false;
+    auto* const object = new CountedObject(&isGone);
+    EXPECT_EQ(object->AddRef(), 2U);
+    EXPECT_EQ(object->Release(), 1U);
+    void* out = object;
+    EXPECT_LT(object->QueryInterface(nullptr, &out), 0);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_LT(object->QueryInterface(nullptr, nullptr), 0);
+    EXPECT_EQ(object->GetMetaObject(), nullptr);
+    EXPECT_FALSE(isGone);
+    EXPECT_EQ(object->Release(), 0U);
+    EXPECT_TRUE(isGone);
+}
+
+TEST(KELReference, TakesAndGivesBackOnce)
+{
+    CountedObject object;
+    {
+        KELReference<KELSysTSBaseUnknown> holder(&object);
+        KELReference<KELSysTSBaseUnknown> copy(holder);
+        EXPECT_EQ(CountOf(object), 3U);
+        KELReference<KELSysTSBaseUnknown> moved(std::move(copy));
+        copy = nullptr;
+        EXPECT_EQ(CountOf(object), 3U);
+        moved = holder;
+        moved = &object;
+        EXPECT_EQ(CountOf(object), 3U);
+        EXPECT_EQ(holder.Share(), &object);
+        copy = KELReference<KELSysTSBaseUnknown>::Adopt(&object);
+        EXPECT_EQ(CountOf(object), 4U);
+        EXPECT_TRUE(copy == &object && copy);
+    }
+    EXPECT_EQ(CountOf(object), 1U);
+}
+
+TEST(PlatformLists, KeepOrderAndAnswerAnyPosition)
+{
+    CheckRecorder reports;
+    KELListValKELUnicodeString list;
+    list.Append("a");
+    list.Append("b");
+    KELSysTSListOfUnicodeString tsList;
+    tsList.PutBack(KELSysTSUnicodeString("c"));
+    tsList.PutBack(KELSysTSUnicodeString(nullptr));
+    EXPECT_EQ(list.Size(), 2);
+    EXPECT_STREQ(list[2].ConvertToChar(), "b");
+    EXPECT_STREQ(tsList[1].ConvertToChar(), "c");
+    EXPECT_STREQ(tsList[2].ConvertToChar(), "");
+    EXPECT_EQ(reports.Take(), Nothing());
+    for (const int position : {0, 3, -1}) {
+        EXPECT_EQ(list[position].GetLengthInChar(), 0);
+        EXPECT_EQ(reports.Take(), Condition("1<=iPosition && iPosition<=Size()", "KELPositions"));
+    }
+}
+
+KELCheckFailure g_seen;
+
+void See(const KELCheckFailure& iFailure)
+{
+    g_seen = iFailure;
+}
+
+TEST(KELCheckFailure, HandlersReplaceEachOther)
+{
+    const KELCheckFailureHandler outer = KELSetCheckFailureHandler(&See);
+    Check_TRUE_Failed__("a>0", "File", 7, "remark");
+    EXPECT_EQ(g_seen.kind, kelCF_Condition);
+    EXPECT_STREQ(g_seen.text, "a>0");
+    EXPECT_STREQ(g_seen.file, "File");
+    EXPECT_EQ(g_seen.line, 7);
+    EXPECT_STREQ(g_seen.message, "remark");
+    Check_Pointer_Failed__("p", "File", 8, nullptr);
+    EXPECT_EQ(g_seen.kind, kelCF_Pointer);
+    CheckFailure__("m", "File", 9, nullptr);
+    EXPECT_EQ(g_seen.kind, kelCF_Message);
+
+    EXPECT_EQ(KELSetCheckFailureHandler(nullptr), &See);
+    ::testing::internal::CaptureStderr();
+    Check_TRUE_Failed__("a>0", "File", 7, "remark");
+    Check_Pointer_Failed__("p", "File", 8, nullptr);
+    CheckFailure__(nullptr, nullptr, 9, nullptr);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              "File(7): check failed: a>0 - remark\nFile(8): null pointer: p\n(9): failure: \n");
+    KELSetCheckFailureHandler(outer);
+}
+
+} // namespace
