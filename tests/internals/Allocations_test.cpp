@@ -2,38 +2,12 @@
 #include "ZrvPropertyValue.h"
 #include "ZrvPrototypeImpl.h"
 
+#include "AllocationCount.h"
 #include "NineTypes.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
 #include <string>
-
-namespace {
-std::atomic<int> g_allocations{0};
-}
-
-// The program's own, so that every allocation of the library is seen.
-void* operator new(std::size_t iSize)
-{
-    ++g_allocations;
-    if (void* memory = std::malloc(iSize)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* iMemory) noexcept
-{
-    std::free(iMemory);
-}
-
-void operator delete(void* iMemory, std::size_t) noexcept
-{
-    std::free(iMemory);
-}
 
 namespace {
 
@@ -41,9 +15,9 @@ namespace {
 template <class Operation>
 int AllocationsOf(const Operation& iOperation)
 {
-    const int before = g_allocations;
+    const int before = AllocationCount();
     iOperation();
-    return g_allocations - before;
+    return AllocationCount() - before;
 }
 
 template <class T>
