@@ -1,0 +1,20 @@
+# Runs COMMAND, with the file INPUT as its standard input if there is one, and fails unless it ends with EXIT_CODE and
+# prints what OUTPUT and ERRORS match. What has no pattern must stay empty.
+if(INPUT)
+    set(input INPUT_FILE ${INPUT})
+endif()
+execute_process(COMMAND ${COMMAND} ${input} RESULT_VARIABLE code OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+
+if(NOT code EQUAL EXIT_CODE)
+    message(SEND_ERROR "ended with ${code} instead of ${EXIT_CODE}")
+endif()
+foreach(text IN ITEMS OUTPUT ERRORS)
+    string(TOLOWER ${text} printed)
+    string(REPLACE "\r" "" ${printed} "${${printed}}")
+    if("${${text}}" STREQUAL "")
+        set(${text} "^$")
+    endif()
+    if(NOT "${${printed}}" MATCHES "${${text}}")
+        message(SEND_ERROR "printed as ${printed}:\n${${printed}}\nexpected:\n${${text}}")
+    endif()
+endforeach()

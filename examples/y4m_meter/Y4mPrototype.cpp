@@ -1,0 +1,38 @@
+#include "Y4mPrototype.h"
+
+#include <initializer_list>
+
+namespace {
+
+struct Declaration {
+    const KELUnicodeString& name;
+    ZrvPropertyType type;
+    ZrvConstPropertiesPrototype* nested = nullptr;
+};
+
+// Declaring names that differ, each with a known type, can not be refused.
+KELReference<ZrvPrototypeImpl> Declare(std::initializer_list<Declaration> iDeclarations)
+{
+    auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
+    for (const Declaration& declaration : iDeclarations) {
+        prototype->AddProperty(declaration.name, declaration.type, declaration.nested);
+    }
+    return prototype;
+}
+
+} // namespace
+
+KELReference<ZrvPrototypeImpl> Y4mMakePrototype()
+{
+    const KELReference<ZrvPrototypeImpl> stream = Declare({{kY4mTitle, zrvPT_UnicodeString},
+                                                           {kY4mWidth, zrvPT_UINT32},
+                                                           {kY4mHeight, zrvPT_UINT32},
+                                                           {kY4mFrameRate, zrvPT_Double},
+                                                           {kY4mPixelAspect, zrvPT_Float},
+                                                           {kY4mInterlaced, zrvPT_Boolean},
+                                                           {kY4mColourSpace, zrvPT_UnicodeString}});
+    return Declare({{kY4mStream, zrvPT_BaseUnknownPtr, stream.Get()},
+                    {kY4mFrameCount, zrvPT_INT32},
+                    {kY4mFrameBytes, zrvPT_BytePtr},
+                    {kY4mPlaneMeans, zrvPT_FloatList}});
+}

@@ -1,0 +1,124 @@
+#include "Y4mStream.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr std::string_view kFrameMagic = "FRAME";
+
+enum class LineEnd { Break, Input, Bound };
+
+// A line without its line break, as far as it goes: input without line breaks must not fill the memory.
+LineEnd ReadLine(std::istream& ioInput, std::string& oLine)
+{
+    constexpr std::size_t kLongestLine = 4096;
+    for (oLine.clear(); oLine.size() < kLongestLine;) {
+        const std::istream::int_type next = ioInput.get();
+        if (next == std::istream::traits_type::eof()) {
+            return LineEnd::Input;
+        }
+        if (next == '\n') {
+            return LineEnd::Break;
+        }
+        oLine += std::istream::traits_type::to_char_type(next);
+    }
+    return LineEnd::Bound;
+}
+
+ZrvRC Cut(const std::istream& iInput, const std::string& iWhere)
+{
+    return Y4mFailure((iInput.bad() ? "the input can not be read further " : "the stream is cut short ") + iWhere);
+}
+
+ZrvRC CheckLineEnd(const std::istream& iInput, LineEnd iEnd)
+{
+    switch (iEnd) {
+    case LineEnd::Input:
+        return Cut(iInput, "within a line");
+    case LineEnd::Bound:
+        return Y4mFailure("a line is too long");
+    default:
+        return ZrvRC();
+    }
+}
+
+} // namespace
+
+ZrvRC Y4mStream::Open(std::istream& ioInput, KELReference<Y4mStream>& oStream)
+{
+    std::string line;
+    const LineEnd end = ReadLine(ioInput, line);
+    Y4mFormat format;
+    ZrvRC rc = Y4mFormat::Parse(line, format);
+    if (rc.IsValid() || ioInput.bad()) {
+        rc = CheckLineEnd(ioInput, end);
+    }
+    if (rc.IsError()) {
+        return rc.AddTrace(", in the header");
+    }
+    oStream = KELReference<Y4mStream>::Adopt(new Y4mStream(ioInput, format));
+    return rc;
+}
+
+ZrvRC Y4mStream::ReadFrame()
+{
+    ZrvRC rc = ReadFrameLine();
+    if (rc == ZrvRC::zrvEC_OK) {
+        rc = ReadFrameBytes();
+    }
+    if (rc.IsError()) {
+        return rc.AddTrace((", in frame " + std::to_string(std::int64_t(m_frameCount) + 1)).c_str());
+    }
+    if (rc == ZrvRC::zrvEC_OK && m_frameCount < std::numeric_limits<KELINT32>::max()) {
+        ++m_frameCount;
+    }
+    return rc;
+}
+
+// The line's parameters are for encoders; only its end matters here.
+ZrvRC Y4mStream::ReadFrameLine()
+{
+    std::string line;
+    const LineEnd end = ReadLine(m_input, line);
+    if (line.empty() && end == LineEnd::Input && !m_input.bad()) {
+        return ZrvRC::zrvEC_NothingDone;
+    }
+    const std::string_view start = std::string_view(line).substr(0, kFrameMagic.size());
+    const bool isShort = end == LineEnd::Input && kFrameMagic.starts_with(start);
+    const bool isWhole = start == kFrameMagic && (line.size() == start.size() || line[start.size()] == ' ');
+    if (!isShort && !isWhole) {
+        return Y4mFailure("'FRAME' is not there");
+    }
+    return CheckLineEnd(m_input, end);
+}
+
+ZrvRC Y4mStream::ReadFrameBytes()
+{
+    constexpr std::size_t kStep = std::size_t(1) << 20U;
+    const auto [luma, cb, cr] = m_format.GetPlaneSizes();
+    const std::size_t size = luma + cb + cr;
+    for (std::size_t done = 0; done < size;) {
+        const std::size_t step = std::min(size - done, kStep);
+        m_frame.resize(std::max(m_frame.size(), done + step));
+        m_input.read(reinterpret_cast<char*>(m_frame.data() + done), static_cast<std::streamsize>(step));
+        const auto count = static_cast<std::size_t>(m_input.gcount());
+        done += count;
+        if (count < step) {
+            return Cut(m_input, "after " + std::to_string(done) + " of " + std::to_string(size) + " bytes");
+        }
+    }
+    return ZrvRC();
+}
+
+ZrvRC Y4mReadAll(std::istream& ioInput, KELINT32& oFrames)
+{
+    oFrames = 0;
+    KELReference<Y4mStream> stream;
+    ZrvRC rc = Y4mStream::Open(ioInput, stream);
+    while (rc == ZrvRC::zrvEC_OK) {
+        rc = stream->ReadFrame();
+        oFrames = stream->GetFrameCount();
+    }
+    return rc;
+}
