@@ -31,7 +31,7 @@ std::string ToText(const KELRawCollfloat& iValue)
 {
     std::string text;
     for (int position = 1; position <= iValue.Size(); ++position) {
-        text += (position == 1 ? "" : " ") + ToText(iValue[position]);
+        text.append(position == 1 ? "" : " ").append(ToText(iValue[position]));
     }
     return text;
 }

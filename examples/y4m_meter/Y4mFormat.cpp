@@ -15,7 +15,7 @@ constexpr Y4mColourSpace kColourSpaces[] = {
 
 std::string Quote(std::string_view iText)
 {
-    return "'" + Y4mPrintable(iText) + "'";
+    return std::string("'").append(Y4mPrintable(iText)).append("'");
 }
 
 bool ReadNumber(std::string_view iText, KELUINT32& oNumber)
