@@ -1,6 +1,8 @@
 #include "HandWrittenContestant.h"
 
 #include "Contestants.h"
+#include "MillionWorkloads.h"
+#include "ThreadWorkloads.h"
 #include "Workloads.h"
 
 namespace {
@@ -23,6 +25,9 @@ void AddBaseline()
 {
     AddSmallWorkloads<BaselineContestant>();
     AddLargeWorkloads<BaselineContestant>();
+    AddMillionWorkloads<BaselineContestant>();
+    AddLongestAddition<BaselineContestant>();
+    AddThreadWorkloads<BaselineContestant>();
 
     AddWorkload("SetString40", TypedSettersContestant::kName, &SetString<TypedSettersContestant>);
     AddWorkload("SetInt32", TypedSettersContestant::kName, [](benchmark::State& ioState) {

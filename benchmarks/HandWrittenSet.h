@@ -89,4 +89,6 @@ private:
     Values m_values;
 };
 
+extern template class HandWrittenSet<StandardMap>;
+
 #endif

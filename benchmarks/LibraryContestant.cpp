@@ -1,6 +1,8 @@
 #include "LibraryContestant.h"
 
 #include "Contestants.h"
+#include "MillionWorkloads.h"
+#include "ThreadWorkloads.h"
 #include "Workloads.h"
 
 namespace {
@@ -56,4 +58,7 @@ void AddLibrary()
 {
     AddSmallWorkloads<LibraryContestant>();
     AddLargeWorkloads<LibraryContestant>();
+    AddMillionWorkloads<LibraryContestant>();
+    AddLongestAddition<LibraryContestant>();
+    AddThreadWorkloads<LibraryContestant>();
 }

@@ -1,0 +1,5 @@
+#include "AbslSet.h"
+
+#include "HandWrittenSetImpl.h"
+
+template class HandWrittenSet<AbslMap>;
