@@ -300,7 +300,16 @@ private:
     // it would count holders of a text that other threads look up too.
     static void* AsElement(const K& iKey) { return const_cast<K*>(&iKey); }
 
-    Entry* Find(const K& iKey) const { return static_cast<Entry*>(m_table.Locate(AsElement(iKey))); }
+    // Gives the platform's table, which takes the hash and compares in line, what any other table calls for.
+    Entry* Find(const K& iKey) const
+    {
+        const auto isKey = [&iKey](void* iElement) { return KeyOf(iElement) == iKey; };
+        if constexpr (requires { m_table.LocateHashed(0U, isKey); }) {
+            return static_cast<Entry*>(m_table.LocateHashed(iKey.ComputeHashKey(), isKey));
+        } else {
+            return static_cast<Entry*>(m_table.Locate(AsElement(iKey)));
+        }
+    }
 
     // Gives the entry away if the table stores it; returns what the table now stores under its key.
     Entry* Offer(EntryHolder& ioEntry)

@@ -103,6 +103,8 @@ public:
     ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
 
 private:
+    bool ListsNothing() const;
+
     std::unique_ptr<ZrvPropertiesData> m_PropertiesData;
 };
 

@@ -6,6 +6,10 @@
 #include "ZrvExport.h"
 #include "ZrvRC.h"
 
+#if defined(__GNUC__) && !defined(__GXX_RTTI)
+#error "Zorvel compares the classes of values: compile with run-time type information"
+#endif
+
 /// A value of a type that the holder need not know.
 ///
 /// The typed values of ZrvPropertyValue.h give the operations their meaning. A bare base is a value without a type: its

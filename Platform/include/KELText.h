@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 /// Immutable UTF-8 text with its measures, which the strings that show it share.
 ///
@@ -39,6 +40,10 @@ public:
     /// Number of bytes of the character at iText, which has iRemaining (at least 1) bytes left.
     static constexpr std::size_t CharacterLength(const char* iText, std::size_t iRemaining) noexcept;
 
+    /// Whether iLength bytes are the same in both places. In line for the length of names, where calling would cost
+    /// more than comparing.
+    static bool AreSame(const char* iOne, const char* iOther, std::size_t iLength) noexcept;
+
     static constexpr Measures Measure(const char* iText, std::size_t iLength) noexcept
     {
         return {Hash(iText, iLength), Count(iText, iLength)};
@@ -51,6 +56,16 @@ private:
     KELText(const char* iBytes, std::size_t iLength) noexcept
         : m_bytes(iBytes), m_length(static_cast<int>(iLength)), m_measures(Measure(iBytes, iLength)), m_references(1)
     {
+    }
+
+    template <class Word>
+    static bool StartSame(const char* iOne, const char* iOther) noexcept
+    {
+        Word one;
+        Word other;
+        std::memcpy(&one, iOne, sizeof(Word));
+        std::memcpy(&other, iOther, sizeof(Word));
+        return one == other;
     }
 
     static constexpr std::uint8_t Byte(char iByte) noexcept { return static_cast<std::uint8_t>(iByte); }
@@ -110,6 +125,27 @@ constexpr KELUINT32 KELText::Hash(const char* iText, std::size_t iLength) noexce
         iLength -= taken;
     }
     return static_cast<KELUINT32>(hash ^ (hash >> 17U));
+}
+
+inline bool KELText::AreSame(const char* iOne, const char* iOther, std::size_t iLength) noexcept
+{
+    using Word = std::uint64_t;
+    using HalfWord = std::uint32_t;
+    constexpr std::size_t kLongest = 8 * sizeof(Word);
+    if (iLength < sizeof(HalfWord) || iLength > kLongest) {
+        return std::memcmp(iOne, iOther, iLength) == 0;
+    }
+    if (iLength < sizeof(Word)) { // two half words, which may overlap
+        const std::size_t last = iLength - sizeof(HalfWord);
+        return StartSame<HalfWord>(iOne, iOther) && StartSame<HalfWord>(iOne + last, iOther + last);
+    }
+    const std::size_t last = iLength - sizeof(Word); // the last word may overlap the one before
+    for (std::size_t i = 0; i < last; i += sizeof(Word)) {
+        if (!StartSame<Word>(iOne + i, iOther + i)) {
+            return false;
+        }
+    }
+    return StartSame<Word>(iOne + last, iOther + last);
 }
 
 #endif

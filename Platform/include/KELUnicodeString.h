@@ -4,7 +4,6 @@
 #include "KELExport.h"
 #include "KELText.h"
 
-#include <cstring>
 #include <utility>
 
 /// A Unicode string: immutable UTF-8 text, shared between copies.
@@ -100,7 +99,7 @@ private:
         }
         return m_text && iOther.m_text && m_text->Hash() == iOther.m_text->Hash() &&
                m_text->Length() == iOther.m_text->Length() &&
-               std::memcmp(m_text->Bytes(), iOther.m_text->Bytes(), LengthInBytes()) == 0;
+               KELText::AreSame(m_text->Bytes(), iOther.m_text->Bytes(), LengthInBytes());
     }
 
     void AddHolder() const noexcept

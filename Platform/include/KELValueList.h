@@ -23,6 +23,14 @@ public:
         return KELHasPosition(iPosition, Size()) ? m_elements[static_cast<std::size_t>(iPosition) - 1] : s_empty;
     }
 
+    /// Makes room for iCount elements in all.
+    void Reserve(int iCount)
+    {
+        if (iCount > Size()) {
+            m_elements.reserve(static_cast<std::size_t>(iCount));
+        }
+    }
+
 protected:
     void Add(const T& iElement) { m_elements.push_back(iElement); }
 

@@ -1,6 +1,7 @@
 #include "KELUnicodeString.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>

@@ -5,6 +5,8 @@
 #include "ZrvDebugServices.h"
 #include "ZrvProperties_data.h"
 
+#include <typeinfo>
+
 namespace {
 
 constexpr ZrvCheck g_check("ZrvProperties");
@@ -115,6 +117,16 @@ ZrvProperties* ZrvProperties::GetPropertyParameters(const KELUnicodeString& iPro
     return m_PropertiesData->GetPropertyParameters(iPropertyName);
 }
 
+// A derived set may list what it likes; of this class's own list it is known whether it is empty.
+bool ZrvProperties::ListsNothing() const
+{
+    if (typeid(*this) == typeid(ZrvProperties)) {
+        return m_PropertiesData->IsEmpty();
+    }
+    KELListValKELUnicodeString names;
+    return GetListProperties(names) == 0;
+}
+
 ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
 {
     if (!CheckData(m_PropertiesData) ||
@@ -124,8 +136,7 @@ ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
     if (&iPropertiesValues == this) {
         return ZrvRC::zrvEC_NothingDone;
     }
-    KELListValKELUnicodeString names;
-    if (iPropertiesValues.GetListProperties(names) == 0) {
+    if (iPropertiesValues.ListsNothing()) {
         return ZrvRC::zrvEC_OK;
     }
     return m_PropertiesData->SetFromProperties(*iPropertiesValues.m_PropertiesData);
@@ -141,8 +152,13 @@ const ZrvPropertyValueBase* ZrvProperties::GetProperty(const KELUnicodeString& i
 
 ZrvRC ZrvProperties::SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
 {
-    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName) ||
-        !g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
+    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+        return ZrvRC::zrvEC_Error;
+    }
+    if (m_PropertiesData->AssignPlain(iPropertyName, iValue)) {
+        return ZrvRC::zrvEC_OK;
+    }
+    if (!g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
         return ZrvRC::zrvEC_Error;
     }
     return m_PropertiesData->SetProperty(iPropertyName, iValue);

@@ -111,10 +111,12 @@ ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const
     if (ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName)) {
         return *property ? ZrvProperties::zrvPA_Instantiated : ZrvProperties::zrvPA_Available;
     }
-    if (m_pPrototype && m_pPrototype->HasProperty(iPropertyName).IsError()) {
-        return ZrvProperties::zrvPA_Unavailable;
-    }
-    return ZrvProperties::zrvPA_Available;
+    return IsDeclared_Int(iPropertyName) ? ZrvProperties::zrvPA_Available : ZrvProperties::zrvPA_Unavailable;
+}
+
+bool ZrvPropertiesData::IsDeclared_Int(const KELUnicodeString& iPropertyName) const
+{
+    return !m_pPrototype || m_pPrototype->HasProperty(iPropertyName).IsValid();
 }
 
 ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
@@ -210,6 +212,10 @@ ZrvRC ZrvPropertiesData::CheckCopy_Int(const KELUnicodeString& iPropertyName, co
     if (!g_check.Holds(iPropertyName.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
         return Failure("Property without name.");
     }
+    ZrvProperty* const* held = m_propertyMap.Locate(iPropertyName);
+    if (held && *held && iProperty && (*held)->IsPlainLike(*iProperty)) {
+        return ZrvRC::zrvEC_OK;
+    }
     const KELUnicodeString propertyType = iProperty ? iProperty->GetType() : KELUnicodeString();
     if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
         return Failure("Property without type.");
@@ -217,18 +223,19 @@ ZrvRC ZrvPropertiesData::CheckCopy_Int(const KELUnicodeString& iPropertyName, co
     if (!g_check.IsThere(iProperty->GetValue() != nullptr, "pInputPropertyValue")) {
         return Failure("Property without value.");
     }
-    if (GetAvailability_Int(iPropertyName) == ZrvProperties::zrvPA_Unavailable) {
-        return ZrvRC::zrvEC_Error;
+    if (held) {
+        return *held && propertyType.Compare((*held)->GetType()) == 2 ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
     }
-    if (m_propertyMap.Contains(iPropertyName) && propertyType.Compare(GetPropertyType_Int(iPropertyName)) != 2) {
-        return ZrvRC::zrvEC_Error;
-    }
-    return ZrvRC::zrvEC_OK;
+    return IsDeclared_Int(iPropertyName) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
 }
 
 ZrvRC ZrvPropertiesData::CopyProperty_Int(const KELUnicodeString& iPropertyName, const ZrvProperty& iProperty)
 {
-    if (!m_propertyMap.Contains(iPropertyName)) {
+    ZrvProperty* const* held = m_propertyMap.Locate(iPropertyName);
+    if (held && *held && (*held)->AssignPlain(*iProperty.GetValue())) {
+        return ZrvRC::zrvEC_OK;
+    }
+    if (!held) {
         ZrvRC rc = m_pPrototype ? AddProperty_Int(iPropertyName)
                                 : AddProperty_Int(iPropertyName, iProperty.GetType(), nullptr);
         if (!g_check.Holds(!rc.IsError(), "!(rc.IsError())")) {
@@ -270,6 +277,7 @@ int ZrvPropertiesData::HasProperty(const KELUnicodeString& iPropertyName) const
 int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) const
 {
     const ZrvLock lock(m_mutex);
+    ioList.Reserve(ioList.Size() + m_propertyMap.Size());
     int count = 0;
     for (const PropertyMap::Entry& entry : m_propertyMap.Entries()) {
         if (entry.key.GetLengthInChar() > 0) {
@@ -278,6 +286,12 @@ int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) con
         }
     }
     return count;
+}
+
+bool ZrvPropertiesData::IsEmpty() const
+{
+    const ZrvLock lock(m_mutex);
+    return m_propertyMap.Size() == 0;
 }
 
 const ZrvPropertyValueBase* ZrvPropertiesData::GetProperty(const KELUnicodeString& iPropertyName) const
@@ -320,6 +334,13 @@ ZrvRC ZrvPropertiesData::SetProperty(const KELUnicodeString& iPropertyName, cons
 {
     const ZrvLock lock(m_mutex);
     return SetProperty_Int(iPropertyName, iValue);
+}
+
+bool ZrvPropertiesData::AssignPlain(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+{
+    const ZrvLock lock(m_mutex);
+    ZrvProperty* property = Find_Int(iPropertyName);
+    return property && property->AssignPlain(iValue);
 }
 
 ZrvRC ZrvPropertiesData::SetFromProperties(const ZrvPropertiesData& iSource)

@@ -38,11 +38,16 @@ public:
     ZrvProperties::PropertyAvailability GetAvailability(const KELUnicodeString& iPropertyName) const;
     int HasProperty(const KELUnicodeString& iPropertyName) const;
     int GetListProperties(KELListValKELUnicodeString& ioList) const;
+    bool IsEmpty() const;
     const ZrvPropertyValueBase* GetProperty(const KELUnicodeString& iPropertyName) const;
     KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const;
     ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;
     ZrvConstPropertiesPrototype* GetPrototype() const;
     ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
+
+    /// Does what `SetProperty` does, if the set holds the name with a value of the same plain class; else nothing, and
+    /// gives false. The short cut of nearly all calls: such a value passes every check on the long way.
+    bool AssignPlain(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
     ZrvRC SetFromProperties(const ZrvPropertiesData& iSource);
 
 private:
@@ -64,6 +69,9 @@ private:
 
     /// The property of that name, or null.
     ZrvProperty* Find_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
+
+    /// Whether the prototype allows the name; a free set allows any.
+    bool IsDeclared_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
 
     /// Makes a default property and puts it under the name; false for an unknown type name. A map that takes no more
     /// entries, which reports that itself, leaves no property behind.

@@ -4,6 +4,7 @@
 #include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValue.h"
 
+#include <typeinfo>
 #include <utility>
 
 namespace {
@@ -34,7 +35,14 @@ KELRawCollfloat DefaultOf()
 template <class T>
 ZrvPropertyValueBase* PlaceDefault(void* iRoom)
 {
+    static_assert(sizeof(ZrvPropertyValue<T>) <= ZrvProperty::kValueRoom);
     return ::new (iRoom) ZrvPropertyValue<T>(DefaultOf<T>());
+}
+
+template <class T>
+void AssignSame(ZrvPropertyValueBase& ioValue, const ZrvPropertyValueBase& iOther)
+{
+    static_cast<ZrvPropertyValue<T>&>(ioValue) = static_cast<const ZrvPropertyValue<T>&>(iOther);
 }
 
 template <class T>
@@ -45,17 +53,19 @@ ZrvPropertyValueBase* PlaceCopy(void* iRoom, const ZrvPropertyValueBase& iValue)
 
 } // namespace
 
-/// Places values of one type.
+/// Places values of one type and assigns one to another.
 struct ZrvValueMaker {
-    std::size_t size;
+    const std::type_info* valueClass;
+    void (*assign)(ZrvPropertyValueBase& ioValue, const ZrvPropertyValueBase& iOther);
     ZrvPropertyValueBase* (*placeDefault)(void* iRoom);
     ZrvPropertyValueBase* (*placeCopy)(void* iRoom, const ZrvPropertyValueBase& iValue);
 };
 
 namespace {
 
-constexpr ZrvValueMaker g_makers[] = {
-#define ZRV_VALUE_MAKER(id, name, type) {sizeof(ZrvPropertyValue<type>), &PlaceDefault<type>, &PlaceCopy<type>},
+const ZrvValueMaker g_makers[] = {
+#define ZRV_VALUE_MAKER(id, name, type)                                                                                \
+    {&typeid(ZrvPropertyValue<type>), &AssignSame<type>, &PlaceDefault<type>, &PlaceCopy<type>},
     ZRV_PROPERTY_TYPES(ZRV_VALUE_MAKER)
 #undef ZRV_VALUE_MAKER
 };
@@ -138,6 +148,18 @@ ZrvRC ZrvProperty::SetValue(const ZrvPropertyValueBase& iValue)
         return rc;
     }
     return ZrvRC::zrvEC_OK;
+}
+
+// The comparison of classes is the language's own: it holds between modules, each of which may have the nine classes
+// for itself, and it tells a class that a caller derived from one of them.
+bool ZrvProperty::AssignPlain(const ZrvPropertyValueBase& iValue)
+{
+    const ZrvValueMaker* maker = m_value.get_deleter().placedBy;
+    if (!maker || typeid(iValue) != *maker->valueClass) {
+        return false;
+    }
+    maker->assign(*m_value, iValue);
+    return true;
 }
 
 KELUnicodeString ZrvProperty::GetType() const

@@ -28,6 +28,9 @@ struct ZrvValueDeleter {
 /// `delete` does what is right for each. Not changed by one thread while another uses it.
 class ZrvProperty {
 public:
+    /// Bytes for the largest of the nine values.
+    static constexpr std::size_t kValueRoom = 2 * sizeof(void*);
+
     /// A property without a value; takes a reference on the prototype, which may be null.
     explicit ZrvProperty(ZrvConstPropertiesPrototype* iPropertyPrototype);
     ZrvProperty(const ZrvProperty&) = delete;
@@ -44,6 +47,17 @@ public:
     /// Assigns a value of the same type; an error, after a report, for any other. A property without a value takes a
     /// duplicate, whatever its type.
     ZrvRC SetValue(const ZrvPropertyValueBase& iValue);
+
+    /// Assigns a value of exactly the class that the property made for itself, which needs no question about types.
+    /// Whatever is not recognised as such changes nothing and gives false: it is for `SetValue`, after all checks.
+    bool AssignPlain(const ZrvPropertyValueBase& iValue);
+
+    /// Whether both properties made their values themselves, of the same type. False says nothing.
+    bool IsPlainLike(const ZrvProperty& iOther) const
+    {
+        return m_value.get_deleter().placedBy &&
+               m_value.get_deleter().placedBy == iOther.m_value.get_deleter().placedBy;
+    }
 
     /// The value, owned by the property; null without one.
     const ZrvPropertyValueBase* GetValue() const { return m_value.get(); }
@@ -77,7 +91,7 @@ private:
     std::unique_ptr<ZrvProperties> m_pParameters;
     KELReference<ZrvConstPropertiesPrototype> m_pPropertyPrototype;
     bool m_isInRoom = false;
-    alignas(void*) std::byte m_valueRoom[2 * sizeof(void*)]; // for the largest of the nine values
+    alignas(void*) std::byte m_valueRoom[kValueRoom];
 };
 
 #endif
