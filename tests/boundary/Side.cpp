@@ -1,0 +1,343 @@
+#include "Side.h"
+
+#include "CheckRecorder.h"
+#include "CountedObject.h"
+#include "Zorvel.h"
+
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <new>
+#include <string>
+#include <thread>
+#include <type_traits>
+
+namespace {
+
+unsigned char g_sampleByte;
+
+CountedObject g_sampleObject;
+
+template <class T>
+T Sample()
+{
+    if constexpr (std::is_same_v<T, unsigned char*>) {
+        return &g_sampleByte;
+    } else if constexpr (std::is_same_v<T, KELSysTSBaseUnknown*>) {
+        return &g_sampleObject;
+    } else if constexpr (std::is_same_v<T, KELUnicodeString>) {
+        return "sample";
+    } else if constexpr (std::is_same_v<T, KELRawCollfloat>) {
+        KELRawCollfloat list;
+        list.Size(3, 2.5F);
+        return list;
+    } else {
+        return static_cast<T>(41);
+    }
+}
+
+ZrvPropertyValueBase* NewSampleValue(ZrvPropertyType iType)
+{
+    switch (iType) {
+#define SIDE_VALUE(id, name, type)                                                                                     \
+    case zrvPT_##id:                                                                                                   \
+        return new ZrvPropertyValue<type>(Sample<type>());
+        ZRV_PROPERTY_TYPES(SIDE_VALUE)
+#undef SIDE_VALUE
+    case zrvPT_Undefined:
+        break;
+    }
+    return nullptr;
+}
+
+template <class T>
+T Read(const ZrvPropertyValueBase& iValue)
+{
+    T value = static_cast<const ZrvPropertyValue<T>&>(iValue).GetValue();
+    if constexpr (std::is_same_v<T, KELSysTSBaseUnknown*>) {
+        value->Release();
+    }
+    return value;
+}
+
+template <class T>
+bool AreSame(const T& iFirst, const T& iSecond)
+{
+    if constexpr (std::is_same_v<T, KELRawCollfloat>) {
+        return iFirst.Size() == iSecond.Size() && KELRawCollfloat::Compare(iFirst, iSecond) == 0;
+    } else {
+        return iFirst == iSecond;
+    }
+}
+
+// The pointers among the samples tell the modules apart; all other samples are equal everywhere.
+template <class T>
+bool IsSampleOf(const T& iValue, bool iIsOwn)
+{
+    return AreSame(iValue, Sample<T>()) == (iIsOwn || !std::is_pointer_v<T>);
+}
+
+KELUnicodeString NameOf(int iType)
+{
+    return ZrvPropertyTypeConv::GetAsUnicode(static_cast<ZrvPropertyType>(iType));
+}
+
+/// Declares the nine types, and answers from the names alone.
+class Schema : public ZrvConstPropertiesPrototype {
+public:
+    ZrvRC GetListProperties(KELListValKELUnicodeString& ioList) const override
+    {
+        for (int type = 0; type < zrvPT_Undefined; ++type) {
+            ioList.Append(NameOf(type));
+        }
+        return ZrvRC::zrvEC_OK;
+    }
+    ZrvRC HasProperty(const KELUnicodeString& iPropertyName) const override
+    {
+        return GetPropertyAsType(iPropertyName) == zrvPT_Undefined ? ZrvRC::zrvEC_Error : ZrvRC::zrvEC_OK;
+    }
+    const KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const override
+    {
+        return NameOf(GetPropertyAsType(iPropertyName));
+    }
+    ZrvPropertyType GetPropertyAsType(const KELUnicodeString& iPropertyName) const override
+    {
+        return ZrvPropertyTypeConv::GetEnum(iPropertyName);
+    }
+    ZrvConstPropertiesPrototype* GetPropertyPrototype(const KELUnicodeString& /*iPropertyName*/) const override
+    {
+        return nullptr;
+    }
+};
+
+/// A prototype whose declarations arrive as type names, whichever form the caller took.
+class RecordingPrototype : public ZrvPrototypeImpl {
+public:
+    using ZrvPrototypeImpl::AddProperty;
+    ZrvRC AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                      ZrvConstPropertiesPrototype* iPropertyPrototype) override
+    {
+        m_lastType = iPropertyType;
+        return ZrvPrototypeImpl::AddProperty(iPropertyName, iPropertyType, iPropertyPrototype);
+    }
+
+    KELUnicodeString m_lastType;
+};
+
+/// The platform refuses a text of this length before it looks at one byte.
+void ThrowFromPlatform()
+{
+    const KELUnicodeString text("", static_cast<std::size_t>(std::numeric_limits<int>::max()) + 1);
+}
+
+/// A prototype that fails while a set asks it, under the set's lock.
+class ExhaustedSchema : public Schema {
+public:
+    ZrvRC HasProperty(const KELUnicodeString& iPropertyName) const override
+    {
+        if (m_isExhausted) {
+            ThrowFromPlatform();
+        }
+        return Schema::HasProperty(iPropertyName);
+    }
+
+    bool m_isExhausted = true;
+};
+
+class OddValue : public ZrvPropertyValue<KELINT32> {
+public:
+    using ZrvPropertyValue::ZrvPropertyValue;
+    KELINT32 GetValue() const override { return ZrvPropertyValue::GetValue() + 1; }
+};
+
+/// What did not hold.
+class Findings {
+public:
+    void Expect(bool iHolds, const char* iWhat, const KELUnicodeString& iOf = "", int iLine = __builtin_LINE())
+    {
+        if (!iHolds) {
+            m_text += "line " + std::to_string(iLine) + ": " + iWhat + " " + iOf.ConvertToChar() + "\n";
+        }
+    }
+    const std::string& Text() const { return m_text; }
+
+private:
+    std::string m_text;
+};
+
+template <class Action>
+bool RunsOutOfMemory(Action iAction)
+{
+    try {
+        iAction();
+    } catch (const std::bad_alloc&) {
+        return true;
+    }
+    return false;
+}
+
+class ThisSide : public Side {
+public:
+    ZrvProperties* MakeSet() override
+    {
+        auto set = std::make_unique<ZrvProperties>();
+        for (int type = 0; type < zrvPT_Undefined; ++type) {
+            const std::unique_ptr<ZrvPropertyValueBase> value(MakeValue(static_cast<ZrvPropertyType>(type)));
+            set->AddProperty(NameOf(type), NameOf(type), nullptr);
+            set->SetProperty(NameOf(type), *value);
+        }
+        return set.release();
+    }
+
+    ZrvPropertyValueBase* MakeValue(ZrvPropertyType iType) override { return NewSampleValue(iType); }
+    ZrvPropertyValueBase* MakeOddValue(KELINT32 iHeld) override { return new OddValue(iHeld); }
+    ZrvConstPropertiesPrototype* MakePrototype() override { return new Schema; }
+    void RunOutOfMemory() override { ThrowFromPlatform(); }
+    KELUINT32 References() override { return CountOf(g_sampleObject); }
+
+    const char* Check(const char* iCheck, Side& ioOther) override
+    {
+        static constexpr void (*kChecks[])(Side&, Findings&) = {&MadeThereDeletedHere, &TypedValues, &DerivedPrototype,
+                                                                &DerivedValue, &AllocationFailure};
+        static_assert(std::size(kChecks) == std::size(kSideChecks));
+        Findings findings;
+        const std::string wanted(iCheck);
+        bool isKnown = false;
+        for (std::size_t i = 0; i < std::size(kChecks); ++i) {
+            if (wanted == kSideChecks[i]) {
+                kChecks[i](ioOther, findings);
+                isKnown = true;
+            }
+        }
+        findings.Expect(isKnown, "no such check:", iCheck);
+        findings.Expect(References() == 1 && ioOther.References() == 1, "all references are given back");
+        m_findings = findings.Text();
+        return m_findings.c_str();
+    }
+
+private:
+    static void MadeThereDeletedHere(Side& ioOther, Findings& ioFindings)
+    {
+        std::unique_ptr<ZrvProperties> theirs(ioOther.MakeSet());
+        const ZrvProperties copy(*theirs);
+        theirs.reset();
+        KELListValKELUnicodeString names;
+        ioFindings.Expect(copy.GetListProperties(names) == zrvPT_Undefined, "a copy has all nine properties");
+        for (int position = 1; position <= names.Size(); ++position) {
+            const KELUnicodeString& name = names[position];
+            const std::unique_ptr<ZrvPropertyValueBase> made(ioOther.MakeValue(ZrvPropertyTypeConv::GetEnum(name)));
+            const std::unique_ptr<ZrvPropertyValueBase> duplicateOfTheirs(made->Duplicate());
+            const std::unique_ptr<ZrvPropertyValueBase> duplicateOfHeld(copy.GetProperty(name)->Duplicate());
+            ioFindings.Expect(duplicateOfHeld->IsPurelyIdenticalTo(*duplicateOfTheirs), "duplicates are equal:", name);
+            // Nothing outside the library gives a property parameters, so there are none to delete.
+            const std::unique_ptr<ZrvProperties> parameters(copy.GetPropertyParameters(name));
+            ioFindings.Expect(!parameters, "no parameters:", name);
+        }
+    }
+
+    static void TypedValues(Side& ioOther, Findings& ioFindings)
+    {
+        const std::unique_ptr<ZrvProperties> theirs(ioOther.MakeSet());
+#define SIDE_CHECK(id, name, type) TypedValue<type>(ioOther, *theirs, ioFindings);
+        ZRV_PROPERTY_TYPES(SIDE_CHECK)
+#undef SIDE_CHECK
+    }
+
+    // The value class has three copies here: this module's, the other side's, and the library's, which a set holds.
+    template <class T>
+    static void TypedValue(Side& ioOther, ZrvProperties& ioTheirs, Findings& ioFindings)
+    {
+        constexpr ZrvPropertyType kType = ZrvPropertyValue<T>::kType;
+        const KELUnicodeString name = NameOf(kType);
+        const std::unique_ptr<ZrvPropertyValueBase> made(ioOther.MakeValue(kType));
+        const ZrvPropertyValueBase& held = *ioTheirs.GetProperty(name);
+        ZrvPropertyValue<T> mine(Sample<T>());
+
+        ioFindings.Expect(made->GetType() == name && held.GetType() == name, "the type's name:", name);
+        ioFindings.Expect(IsSampleOf(Read<T>(*made), false), "a value made there, read here:", name);
+        ioFindings.Expect(IsSampleOf(Read<T>(held), false), "a property set there, read here:", name);
+        ioFindings.Expect(made->IsPurelyIdenticalTo(held) && held.IsPurelyIdenticalTo(*made), "equal there:", name);
+        ioFindings.Expect(mine.IsPurelyIdenticalTo(held) == !std::is_pointer_v<T>, "equal here and there:", name);
+
+        ioFindings.Expect(ioTheirs.SetProperty(name, mine) == ZrvRC::zrvEC_OK, "a property set from here:", name);
+        ioFindings.Expect(IsSampleOf(Read<T>(held), true), "... holds what it was given:", name);
+        ioFindings.Expect(mine.SetValueFromProperty(*made) == ZrvRC::zrvEC_OK, "taken over from there:", name);
+        ioFindings.Expect(IsSampleOf(mine.GetValue(), false), "... is theirs:", name);
+        ReleaseGot(mine);
+        ioFindings.Expect(made->SetValueFromProperty(held) == ZrvRC::zrvEC_OK, "taken over there:", name);
+        ioFindings.Expect(IsSampleOf(Read<T>(*made), true), "... is ours:", name);
+    }
+
+    // Gives back the reference of a plain `GetValue` on an object.
+    template <class T>
+    static void ReleaseGot(const ZrvPropertyValue<T>& iValue)
+    {
+        if constexpr (std::is_same_v<T, KELSysTSBaseUnknown*>) {
+            Read<T>(iValue)->Release();
+        }
+    }
+
+    static void DerivedPrototype(Side& ioOther, Findings& ioFindings)
+    {
+        for (ZrvConstPropertiesPrototype* prototype : {BoundarySide()->MakePrototype(), ioOther.MakePrototype()}) {
+            {
+                ZrvProperties set(prototype);
+                for (int type = 0; type < zrvPT_Undefined; ++type) {
+                    ioFindings.Expect(set.AddProperty(NameOf(type)) == ZrvRC::zrvEC_OK, "declared:", NameOf(type));
+                    ioFindings.Expect(set.GetPropertyType(NameOf(type)) == NameOf(type), "typed:", NameOf(type));
+                }
+                CheckRecorder recorder;
+                ioFindings.Expect(set.AddProperty("other").IsError(), "not declared");
+                ioFindings.Expect(recorder.Take().size() == 1, "... and reported to this side's handler");
+                ZrvConstPropertiesPrototype* got = nullptr;
+                set.GetPrototype(got);
+                ioFindings.Expect(got == prototype && CountOf(*prototype) == 3, "the set hands its prototype out");
+                got->Release();
+            }
+            ioFindings.Expect(prototype->Release() == 0, "the set has given its reference back");
+        }
+        RecordingPrototype recording;
+        ZrvPropertiesPrototype& builder = recording;
+        builder.AddProperty("size", zrvPT_Double, nullptr);
+        ioFindings.Expect(recording.m_lastType == "double", "the library calls the caller's override");
+    }
+
+    static void DerivedValue(Side& ioOther, Findings& ioFindings)
+    {
+        for (Side* side : {BoundarySide(), &ioOther}) {
+            const std::unique_ptr<ZrvPropertyValueBase> odd(side->MakeOddValue(41));
+            const ZrvPropertyValue<KELINT32> even(42);
+            ZrvProperties set;
+            set.AddProperty("number", "KELINT32", nullptr);
+            ioFindings.Expect(set.SetProperty("number", *odd) == ZrvRC::zrvEC_OK, "a derived value is taken");
+            ioFindings.Expect(Read<KELINT32>(*set.GetProperty("number")) == 42, "... by what it answers");
+            ioFindings.Expect(even.IsPurelyIdenticalTo(*odd) && odd->IsPurelyIdenticalTo(even), "... and compared");
+            odd->SetValueFromProperty(*set.GetProperty("number"));
+            ioFindings.Expect(Read<KELINT32>(*odd) == 43, "a derived value takes what the library holds");
+        }
+    }
+
+    static void AllocationFailure(Side& ioOther, Findings& ioFindings)
+    {
+        ioFindings.Expect(RunsOutOfMemory([] { ThrowFromPlatform(); }), "thrown by the platform, caught here");
+        ioFindings.Expect(RunsOutOfMemory([&] { ioOther.RunOutOfMemory(); }), "passed through the other side");
+        ExhaustedSchema schema;
+        ZrvProperties set(&schema);
+        ioFindings.Expect(RunsOutOfMemory([&] { set.AddProperty("float"); }), "passed through the library");
+        schema.m_isExhausted = false;
+        // Another thread would wait for ever if the failure had left the set locked.
+        std::thread([&] { set.AddProperty("double"); }).join();
+        ioFindings.Expect(!set.HasProperty("float") && set.HasProperty("double"), "the set can still be used");
+    }
+
+    std::string m_findings;
+};
+
+ThisSide g_side;
+
+} // namespace
+
+Side* BoundarySide()
+{
+    return &g_side;
+}
