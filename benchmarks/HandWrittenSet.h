@@ -57,7 +57,7 @@ public:
     bool Add(std::string_view iName);
 
     /// Adds a property to a set without a schema.
-    bool Add(std::string_view iName, HandWrittenValue iValue);
+    bool Add(std::string_view iName, const HandWrittenValue& iValue);
 
     /// Gives a property a value of its own type.
     bool Set(std::string_view iName, HandWrittenValue iValue);

@@ -50,17 +50,18 @@ bool HandWrittenSet<Maps>::Add(std::string_view iName)
 }
 
 template <class Maps>
-bool HandWrittenSet<Maps>::Add(std::string_view iName, HandWrittenValue iValue)
+bool HandWrittenSet<Maps>::Add(std::string_view iName, const HandWrittenValue& iValue)
 {
     const Lock lock(m_mutex);
     if (m_schema) {
         return false;
     }
-    m_values.try_emplace(std::string(iName), std::move(iValue));
+    m_values.try_emplace(std::string(iName), iValue);
     return true;
 }
 
 template <class Maps>
+// NOLINTNEXTLINE(performance-unnecessary-value-param): moved from, once the type of the map is known
 bool HandWrittenSet<Maps>::Set(std::string_view iName, HandWrittenValue iValue)
 {
     const Lock lock(m_mutex);

@@ -79,7 +79,7 @@ benchmark::internal::Benchmark* AddWorkload(const std::string& iWorkload, const 
         g_running = name;
         run(ioState);
     };
-    constexpr int kOperations = 1000;
+    constexpr benchmark::IterationCount kOperations = 1000;
     benchmark::RegisterBenchmark(name.c_str(), titledRun)->Iterations(kOperations);
     return benchmark::RegisterBenchmark(name.c_str(), titledRun)->Iterations(2 * kOperations);
 }

@@ -45,6 +45,7 @@ template <class Contestant>
 Cycle<typename Contestant::Key> KeysOf(const std::vector<Declaration>& iDeclarations)
 {
     std::vector<typename Contestant::Key> keys;
+    keys.reserve(iDeclarations.size());
     for (const Declaration& declaration : iDeclarations) {
         keys.push_back(Contestant::MakeKey(declaration.name));
     }
@@ -131,10 +132,11 @@ void BuildDestroy(benchmark::State& ioState)
 {
     const typename Contestant::Schema schema(MediaDeclarations());
     auto keys = KeysOf<Contestant>(MediaDeclarations());
+    const std::size_t count = MediaDeclarations().size();
     Measure(ioState, [&] {
         typename Contestant::Set set(schema);
         bool succeeded = true;
-        for (std::size_t i = 0; i < MediaDeclarations().size(); ++i) {
+        for (std::size_t i = 0; i < count; ++i) {
             succeeded &= set.Add(keys.Next());
         }
         return succeeded;
