@@ -84,7 +84,8 @@ def draw(ratios, targets, library):
     parts = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{WIDTH}" height="{height}" '
              f'viewBox="0 0 {WIDTH} {height}" font-family="sans-serif">',
              f'<rect width="{WIDTH}" height="{height}" fill="#ffffff"/>',
-             text(LEFT, 28, "Time of each contestant divided by the baseline's (less is better)", size=16, weight="bold")]
+             text(LEFT, 28, "Time of each contestant divided by the baseline's (less is better)", size=16,
+                  weight="bold")]
     parts += legend(library, colours) + grid(bottom)
     for i, (workload, contestants) in enumerate(ratios.items()):
         parts += row(TOP + ROW * (i + 0.5), workload, contestants, targets.get(workload), library, colours)
