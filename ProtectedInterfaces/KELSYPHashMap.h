@@ -265,6 +265,15 @@ public:
 
     EntryRange Entries() const { return EntryRange(m_table); }
 
+    /// The same as `Locate` for a caller who guesses that the entry is the iIndex-th in the order of traversal: maps
+    /// that were filled alike have their keys in the same places.
+    V* LocateNear(int iIndex, const K& iKey) const
+    {
+        auto* const guessed = iIndex < m_table.Size() ? static_cast<Entry*>(m_table.Get(iIndex)) : nullptr;
+        Entry* const entry = guessed && guessed->key == iKey ? guessed : Find(iKey);
+        return entry ? &entry->value : nullptr;
+    }
+
     /// The hash of an element's key, for the table.
     static unsigned int HashElement(void* i_elem)
     {
@@ -300,16 +309,19 @@ private:
     // it would count holders of a text that other threads look up too.
     static void* AsElement(const K& iKey) { return const_cast<K*>(&iKey); }
 
-    // Gives the platform's table, which takes the hash and compares in line, what any other table calls for.
-    Entry* Find(const K& iKey) const
+    // The platform's table takes the hash at hand and compares in line; another table is asked through its functions.
+    template <class Table>
+    static void* LocateIn(const Table& iTable, const K& iKey)
     {
         const auto isKey = [&iKey](void* iElement) { return KeyOf(iElement) == iKey; };
-        if constexpr (requires { m_table.LocateHashed(0U, isKey); }) {
-            return static_cast<Entry*>(m_table.LocateHashed(iKey.ComputeHashKey(), isKey));
+        if constexpr (requires { iTable.LocateHashed(0U, isKey); }) {
+            return iTable.LocateHashed(iKey.ComputeHashKey(), isKey);
         } else {
-            return static_cast<Entry*>(m_table.Locate(AsElement(iKey)));
+            return iTable.Locate(AsElement(iKey));
         }
     }
+
+    Entry* Find(const K& iKey) const { return static_cast<Entry*>(LocateIn(m_table, iKey)); }
 
     // Gives the entry away if the table stores it; returns what the table now stores under its key.
     Entry* Offer(EntryHolder& ioEntry)

@@ -103,8 +103,6 @@ public:
     ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
 
 private:
-    bool ListsNothing() const;
-
     std::unique_ptr<ZrvPropertiesData> m_PropertiesData;
 };
 

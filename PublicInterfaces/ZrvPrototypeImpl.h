@@ -59,6 +59,8 @@ protected:
     const ZrvPropertyDefinition* GetPropertyDefinition(const KELUnicodeString& iPropertyName) const;
 
 private:
+    friend class ZrvPropertiesData; // reads a declaration at once where others ask three questions
+
     std::unique_ptr<KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>> m_properties;
 };
 

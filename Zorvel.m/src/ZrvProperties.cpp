@@ -21,6 +21,16 @@ bool CheckName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE
     return g_check.Holds(iPropertyName.GetLengthInChar() > 0, ZrvCheck_NameIsThere, iLine);
 }
 
+// A derived set may list what it likes; of a set of exactly this class the data tell it without a list.
+bool ListsNothing(const ZrvProperties& iProperties, const ZrvPropertiesData& iData)
+{
+    if (typeid(iProperties) == typeid(ZrvProperties)) {
+        return iData.IsEmpty();
+    }
+    KELListValKELUnicodeString names;
+    return iProperties.GetListProperties(names) == 0;
+}
+
 } // namespace
 
 ZrvProperties::ZrvProperties(ZrvConstPropertiesPrototype* iPrototype)
@@ -117,16 +127,6 @@ ZrvProperties* ZrvProperties::GetPropertyParameters(const KELUnicodeString& iPro
     return m_PropertiesData->GetPropertyParameters(iPropertyName);
 }
 
-// A derived set may list what it likes; of this class's own list it is known whether it is empty.
-bool ZrvProperties::ListsNothing() const
-{
-    if (typeid(*this) == typeid(ZrvProperties)) {
-        return m_PropertiesData->IsEmpty();
-    }
-    KELListValKELUnicodeString names;
-    return GetListProperties(names) == 0;
-}
-
 ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
 {
     if (!CheckData(m_PropertiesData) ||
@@ -136,7 +136,7 @@ ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
     if (&iPropertiesValues == this) {
         return ZrvRC::zrvEC_NothingDone;
     }
-    if (iPropertiesValues.ListsNothing()) {
+    if (ListsNothing(iPropertiesValues, *iPropertiesValues.m_PropertiesData)) {
         return ZrvRC::zrvEC_OK;
     }
     return m_PropertiesData->SetFromProperties(*iPropertiesValues.m_PropertiesData);

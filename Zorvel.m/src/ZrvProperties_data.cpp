@@ -2,7 +2,10 @@
 
 #include "ZrvCheck.h"
 #include "ZrvLock.h"
+#include "ZrvPropertyDefinition.h"
+#include "ZrvPrototypeImpl.h"
 
+#include <typeinfo>
 #include <utility>
 
 namespace {
@@ -152,6 +155,11 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
     if (!g_check.IsThere(static_cast<bool>(m_pPrototype), "m_pPrototype") || !CheckName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
+    const ZrvPropertyDefinition* definition = GetPlainDefinition_Int(iPropertyName);
+    if (definition && !m_propertyMap.Contains(iPropertyName)) {
+        return Instantiate_Int(iPropertyName, definition->GetType(), definition->PeekPrototype()) ? ZrvRC::zrvEC_OK
+                                                                                                  : ZrvRC::zrvEC_Error;
+    }
     const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName);
     if (!g_check.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable, g_isAvailable)) {
         return ZrvRC::zrvEC_Error;
@@ -166,6 +174,15 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
     const auto propertyPrototype =
         KELReference<ZrvConstPropertiesPrototype>::Adopt(m_pPrototype->GetPropertyPrototype(iPropertyName));
     return Instantiate_Int(iPropertyName, propertyType, propertyPrototype.Get()) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
+}
+
+const ZrvPropertyDefinition* ZrvPropertiesData::GetPlainDefinition_Int(const KELUnicodeString& iPropertyName) const
+{
+    if (typeid(*m_pPrototype.Get()) != typeid(ZrvPrototypeImpl)) {
+        return nullptr;
+    }
+    const auto& definitions = static_cast<const ZrvPrototypeImpl*>(m_pPrototype.Get())->m_properties;
+    return definitions ? std::as_const(*definitions).Locate(iPropertyName) : nullptr;
 }
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
@@ -188,16 +205,19 @@ ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, 
 
 ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource)
 {
+    int index = 0;
     for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
-        ZrvRC rc = CheckCopy_Int(source.key, source.value);
+        ZrvRC rc = CheckCopy_Int(source, m_propertyMap.LocateNear(index++, source.key));
         if (rc.IsError()) {
             return rc;
         }
     }
     ZrvRC result = ZrvRC::zrvEC_Error;
+    index = 0;
     for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
+        ZrvProperty* const* held = m_propertyMap.LocateNear(index++, source.key);
         if (source.value && source.value->GetValue()) {
-            result = CopyProperty_Int(source.key, *source.value);
+            result = CopyProperty_Int(source, held);
             if (result.IsError()) {
                 return result;
             }
@@ -206,43 +226,43 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource)
     return result;
 }
 
-// Whether a property can be copied into this set, as far as can be told without changing it.
-ZrvRC ZrvPropertiesData::CheckCopy_Int(const KELUnicodeString& iPropertyName, const ZrvProperty* iProperty) const
+// Whether another set's property can be copied to where this one holds its name, as far as can be told without changing
+// anything.
+ZrvRC ZrvPropertiesData::CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld) const
 {
-    if (!g_check.Holds(iPropertyName.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
+    if (!g_check.Holds(iSource.key.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
         return Failure("Property without name.");
     }
-    ZrvProperty* const* held = m_propertyMap.Locate(iPropertyName);
-    if (held && *held && iProperty && (*held)->IsPlainLike(*iProperty)) {
+    if (iHeld && *iHeld && iSource.value && (*iHeld)->IsPlainLike(*iSource.value)) {
         return ZrvRC::zrvEC_OK;
     }
-    const KELUnicodeString propertyType = iProperty ? iProperty->GetType() : KELUnicodeString();
+    const KELUnicodeString propertyType = iSource.value ? iSource.value->GetType() : KELUnicodeString();
     if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
         return Failure("Property without type.");
     }
-    if (!g_check.IsThere(iProperty->GetValue() != nullptr, "pInputPropertyValue")) {
+    if (!g_check.IsThere(iSource.value->GetValue() != nullptr, "pInputPropertyValue")) {
         return Failure("Property without value.");
     }
-    if (held) {
-        return *held && propertyType.Compare((*held)->GetType()) == 2 ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
+    if (!iHeld) {
+        return IsDeclared_Int(iSource.key) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
     }
-    return IsDeclared_Int(iPropertyName) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
+    return *iHeld && propertyType.Compare((*iHeld)->GetType()) == 2 ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
 }
 
-ZrvRC ZrvPropertiesData::CopyProperty_Int(const KELUnicodeString& iPropertyName, const ZrvProperty& iProperty)
+ZrvRC ZrvPropertiesData::CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld)
 {
-    ZrvProperty* const* held = m_propertyMap.Locate(iPropertyName);
-    if (held && *held && (*held)->AssignPlain(*iProperty.GetValue())) {
+    const ZrvPropertyValueBase& value = *iSource.value->GetValue();
+    if (iHeld && *iHeld && (*iHeld)->AssignPlain(value)) {
         return ZrvRC::zrvEC_OK;
     }
-    if (!held) {
-        ZrvRC rc = m_pPrototype ? AddProperty_Int(iPropertyName)
-                                : AddProperty_Int(iPropertyName, iProperty.GetType(), nullptr);
+    if (!iHeld) {
+        ZrvRC rc = m_pPrototype ? AddProperty_Int(iSource.key)
+                                : AddProperty_Int(iSource.key, iSource.value->GetType(), nullptr);
         if (!g_check.Holds(!rc.IsError(), "!(rc.IsError())")) {
             return Failure(rc.Dump());
         }
     }
-    const bool isSet = !SetProperty_Int(iPropertyName, *iProperty.GetValue()).IsError();
+    const bool isSet = !SetProperty_Int(iSource.key, value).IsError();
     if (!g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )")) {
         return ZrvRC::zrvEC_Error;
     }

@@ -15,6 +15,8 @@
 
 #include <memory>
 
+class ZrvPropertyDefinition;
+
 /// The data behind one property set: the properties by name, the prototype and the lock.
 ///
 /// Owns the properties; an entry of the map may be without one, and its name is then held but not instantiated. The
@@ -62,9 +64,8 @@ private:
     ZrvRC SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
         KEL_REQUIRES(m_mutex);
     ZrvRC SetFromProperties_Int(const ZrvPropertiesData& iSource) KEL_REQUIRES(m_mutex, iSource.m_mutex);
-    ZrvRC CheckCopy_Int(const KELUnicodeString& iPropertyName, const ZrvProperty* iProperty) const
-        KEL_REQUIRES(m_mutex);
-    ZrvRC CopyProperty_Int(const KELUnicodeString& iPropertyName, const ZrvProperty& iProperty) KEL_REQUIRES(m_mutex);
+    ZrvRC CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld) const KEL_REQUIRES(m_mutex);
+    ZrvRC CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld) KEL_REQUIRES(m_mutex);
     void RemoveAllProperties_Int() KEL_REQUIRES(m_mutex);
 
     /// The property of that name, or null.
@@ -72,6 +73,11 @@ private:
 
     /// Whether the prototype allows the name; a free set allows any.
     bool IsDeclared_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
+
+    /// What a prototype of exactly the library's class declares of the name, which saves three questions; null for any
+    /// other prototype, which has answers of its own, and for a name that is not declared.
+    const ZrvPropertyDefinition* GetPlainDefinition_Int(const KELUnicodeString& iPropertyName) const
+        KEL_REQUIRES(m_mutex);
 
     /// Makes a default property and puts it under the name; false for an unknown type name. A map that takes no more
     /// entries, which reports that itself, leaves no property behind.

@@ -32,6 +32,9 @@ public:
     /// The nested prototype with a reference added for the caller, who releases it, or null.
     ZrvConstPropertiesPrototype* GetPrototype() const { return m_pPropertyPrototype.Share(); }
 
+    /// The nested prototype, borrowed, or null.
+    ZrvConstPropertiesPrototype* PeekPrototype() const { return m_pPropertyPrototype.Get(); }
+
 private:
     KELUnicodeString m_type;
     KELReference<ZrvConstPropertiesPrototype> m_pPropertyPrototype;

@@ -5,6 +5,8 @@
 #include "ZrvPropertyDefinition.h"
 #include "ZrvPropertyTypeConv.h"
 
+#include <utility>
+
 namespace {
 constexpr ZrvCheck g_check("ZrvPrototypeImpl");
 constexpr char g_mapIsThere[] = "m_properties";
