@@ -31,7 +31,7 @@ public:
 
     /// Goes on from where the other is.
     ZrvFPSMeasure(ZrvFPSMeasure& iOther);
-    ZrvFPSMeasure& operator=(const ZrvFPSMeasure&) = default;
+    ZrvFPSMeasure& operator=(const ZrvFPSMeasure&) = delete;
     virtual ~ZrvFPSMeasure();
 
     /// Starts again from zero, with the same period.
@@ -40,8 +40,8 @@ public:
     /// Counts one frame.
     ZRV_EXPORTED_INLINE void IncrementFrames() noexcept
     {
-        m_framesSinceMeasure = Next(m_framesSinceMeasure);
-        m_totalFrames = Next(m_totalFrames);
+        m_framesSinceMeasure = static_cast<KELINT32>(static_cast<KELUINT32>(m_framesSinceMeasure) + 1U);
+        m_totalFrames = static_cast<KELINT32>(static_cast<KELUINT32>(m_totalFrames) + 1U);
     }
 
     /// Measures if the period has passed since the last measurement; returns whether it did.
@@ -57,11 +57,6 @@ public:
 
 private:
     void Reset();
-
-    static KELINT32 Next(KELINT32 iCount) noexcept
-    {
-        return static_cast<KELINT32>(static_cast<KELUINT32>(iCount) + 1U);
-    }
 
     KELSysElapseTime m_clock;
     KELINT32 m_instantFPS = 0;

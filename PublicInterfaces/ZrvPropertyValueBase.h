@@ -20,7 +20,10 @@ class ZRV_API ZrvPropertyValueBase {
 public:
     ZRV_EXPORTED_INLINE ZrvPropertyValueBase() noexcept {}
     ZRV_EXPORTED_INLINE ZrvPropertyValueBase(const ZrvPropertyValueBase& /*iOther*/) noexcept {}
-    ZrvPropertyValueBase& operator=(const ZrvPropertyValueBase&) = default;
+    ZRV_EXPORTED_INLINE ZrvPropertyValueBase& operator=(const ZrvPropertyValueBase& /*iOther*/) noexcept
+    {
+        return *this;
+    }
     ZRV_EXPORTED_INLINE virtual ~ZrvPropertyValueBase() {}
 
     /// The value's type name; empty for a value without a type.
