@@ -137,7 +137,7 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
     set.AddProperty("object", "KELSysTSBaseUnknownPtr", &nested);
     set.AddProperty("text", "KELUnicodeString", nullptr);
     const Job change = [&](int iRound) {
-        const KELUnicodeString name = Numbered("name", iRound % 50);
+        const KELUnicodeString name = Numbered("name", iRound % 500);
         Expect(set.AddProperty(name, "float", &nested).IsValid());
         Expect(set.SetProperty(name, ZrvPropertyValue<float>(1.0F)).IsValid());
         Expect(set.SetProperty("object", ZrvPropertyValue<KELSysTSBaseUnknown*>(iRound % 2 ? &object : nullptr))
@@ -146,7 +146,7 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
         Expect(set.SetFromProperties(source).IsValid());
     };
     const Job read = [&](int iRound) {
-        const KELUnicodeString name = Numbered("name", iRound % 50);
+        const KELUnicodeString name = Numbered("name", iRound % 500);
         KELListValKELUnicodeString names;
         KELSysTSListOfUnicodeString narrow;
         ZrvConstPropertiesPrototype* none = nullptr;
@@ -154,6 +154,7 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
         Expect(set.GetAvailability(name) != ZrvProperties::zrvPA_Unavailable);
         Expect(!set.HasProperty(name) || (set.GetPropertyType(name) == "float" && set.GetProperty(name)));
         Expect(set.GetPropertyParameters("object") == nullptr);
+        Expect(set.SetProperty("missing", ZrvPropertyValue<float>(1.0F)).IsError());
         Expect(set.GetPrototype(none).IsValid() && !none);
     };
     const Job copy = [&](int) {
@@ -164,7 +165,7 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
         Expect(assigned.SetFromProperties(set).IsValid());
     };
     RunTogether({change, change, read, copy});
-    EXPECT_EQ(set.HasProperty("name49"), 1);
+    EXPECT_EQ(set.HasProperty("name0"), 1);
     set = ZrvProperties();
     EXPECT_TRUE(IsHeldNowhereElse(nested));
     EXPECT_EQ(CountOf(object), 1U);
@@ -188,15 +189,26 @@ TEST_F(Threads, CopyBetweenSetsInEveryDirection)
 // A reader meets what was assigned as a whole, never an emptied or half-filled set.
 TEST_F(Threads, ReadWhileAssigned)
 {
-    const ZrvProperties few = MakeSet(2, 1);
-    const ZrvProperties many = MakeSet(9, 2);
+    ZrvPrototypeImpl prototype;
+    for (int i = 0; i < 9; ++i) {
+        prototype.AddProperty(Numbered("number", i), zrvPT_INT32, nullptr);
+    }
+    prototype.AddProperty("text", zrvPT_UnicodeString, nullptr);
+    ZrvProperties few(&prototype);
+    ZrvProperties many(&prototype);
+    ASSERT_TRUE(few.SetFromProperties(MakeSet(2, 1)).IsValid() && many.SetFromProperties(MakeSet(9, 2)).IsValid());
     ZrvProperties set(few);
     const Job write = [&](int iRound) { set = iRound % 2 ? few : many; };
     const Job list = [&](int) {
         KELListValKELUnicodeString names;
         const int count = set.GetListProperties(names);
-        Expect((count == 3 || count == 10) && set.HasProperty("number0") &&
-               set.GetPropertyType("text") == "KELUnicodeString");
+        Expect((count == 3 || count == 10) && set.HasProperty("number0") && set.GetProperty("number1"));
+        Expect(set.GetPropertyType("text") == "KELUnicodeString" && !set.GetProperty("missing"));
+        Expect(set.AddProperty("text").IsValid() && !set.GetPropertyParameters("text"));
+        Expect(set.SetProperty("missing", ZrvPropertyValue<float>(1.0F)).IsError());
+        ZrvConstPropertiesPrototype* taken = nullptr;
+        Expect(set.GetPrototype(taken).IsValid() && taken == &prototype);
+        taken->Release();
     };
     const Job copy = [&](int) {
         const ZrvProperties constructed(set);
