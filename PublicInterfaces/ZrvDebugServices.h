@@ -15,7 +15,7 @@ public:
     /// Do nothing; there is nothing to assign.
     /// @{
     ZrvDebugServices& operator=(const ZrvDebugServices& iOther);
-    ZrvDebugServices& operator=(ZrvDebugServices&& iOther);
+    ZrvDebugServices& operator=(ZrvDebugServices&& iOther) noexcept;
     /// @}
 
     /// The traces of a set: there are none, so an empty string.

@@ -17,7 +17,7 @@ public:
     /// Do nothing; there is nothing to assign.
     /// @{
     ZrvPropertyTypeConv& operator=(const ZrvPropertyTypeConv& iOther);
-    ZrvPropertyTypeConv& operator=(ZrvPropertyTypeConv&& iOther);
+    ZrvPropertyTypeConv& operator=(ZrvPropertyTypeConv&& iOther) noexcept;
     /// @}
 
     /// The type name, such as "KELINT32"; empty for any value that is none of the nine types.

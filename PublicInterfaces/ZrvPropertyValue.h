@@ -71,7 +71,7 @@ struct ZrvPropertyContents<KELSysTSBaseUnknown*> {
     using Kept = KELReference<KELSysTSBaseUnknown>;
 
     struct Received {
-        Received(KELSysTSBaseUnknown* iObject) noexcept : reference(Kept::Adopt(iObject)) {}
+        explicit Received(KELSysTSBaseUnknown* iObject) noexcept : reference(Kept::Adopt(iObject)) {}
         Kept reference;
     };
 

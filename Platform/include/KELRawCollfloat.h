@@ -9,10 +9,10 @@
 /// A list of floats, positions from 1, whose elements are shared between copies until one of them is changed.
 ///
 /// Copying, moving and assigning neither allocate nor fail, so that a list travels through a property by value at the
-/// price of a pointer; the first change of a shared list copies the elements, and so does copying a list after an element
-/// was handed out for writing. Whatever allocates throws the standard allocation failure and then leaves the list as it
-/// was. Different lists may be used by different threads, also when they share their elements; one list is not changed by
-/// one thread while another uses it.
+/// price of a pointer; the first change of a shared list copies the elements, and so does copying a list after an
+/// element was handed out for writing. Whatever allocates throws the standard allocation failure and then leaves the
+/// list as it was. Different lists may be used by different threads, also when they share their elements; one list is
+/// not changed by one thread while another uses it.
 class KEL_API KELRawCollfloat {
     // What lists share. The values lie behind it in the same allocation, or in a constant.
     struct Elements {

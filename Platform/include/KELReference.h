@@ -21,11 +21,15 @@ public:
 
     KELReference& operator=(KELReference iOther) noexcept
     {
-        std::swap(m_object, iOther.m_object);
+        Swap(iOther);
         return *this;
     }
 
-    KELReference& operator=(T* iObject) { return *this = KELReference(iObject); }
+    KELReference& operator=(T* iObject)
+    {
+        KELReference(iObject).Swap(*this);
+        return *this;
+    }
 
     ~KELReference()
     {
@@ -65,6 +69,8 @@ public:
     }
 
 private:
+    void Swap(KELReference& ioOther) noexcept { std::swap(m_object, ioOther.m_object); }
+
     void Acquire() const
     {
         if (m_object) {

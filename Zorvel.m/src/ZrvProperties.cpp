@@ -174,7 +174,7 @@ ZrvDebugServices& ZrvDebugServices::operator=(const ZrvDebugServices& /*iOther*/
     return *this;
 }
 
-ZrvDebugServices& ZrvDebugServices::operator=(ZrvDebugServices&& /*iOther*/)
+ZrvDebugServices& ZrvDebugServices::operator=(ZrvDebugServices&& /*iOther*/) noexcept
 {
     return *this;
 }

@@ -54,15 +54,12 @@ ZrvPropertyType ZrvPropertyTypeConv::GetEnum(const KELUnicodeString& iTypeName)
     return type != zrvPT_Undefined && iTypeName == GetAsUnicode(type) ? type : zrvPT_Undefined;
 }
 
-// Exported operations, so written out.
-// NOLINTBEGIN(modernize-use-equals-default)
 ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(const ZrvPropertyTypeConv& /*iOther*/)
 {
     return *this;
 }
 
-ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(ZrvPropertyTypeConv&& /*iOther*/)
+ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(ZrvPropertyTypeConv&& /*iOther*/) noexcept
 {
     return *this;
 }
-// NOLINTEND(modernize-use-equals-default)
