@@ -2,6 +2,7 @@
 #define KELSYPHashMap_H
 
 #include "KELCheckFailure.h"
+#include "KELSYPEntryPool.h"
 #include "KELSYPHashMapBaseIterator.h"
 #include "KELSysSimpleHashTable.h"
 #include "KELUnicodeString.h"
@@ -129,7 +130,12 @@ class KELSYPHashMap : public KELSYPConstHashMap<K, V> {
 public:
     using Entry = KELSYPHashMapPair<K, V>;
 
-    KELSYPHashMap() : m_table(0, &HashElement, &CompareElements) {}
+    /// An empty map.
+    /// \param iRoom bytes behind each entry, for the use of whoever makes entries with `MakeEntry`
+    explicit KELSYPHashMap(std::size_t iRoom = 0)
+        : m_pool(sizeof(Entry) + iRoom), m_table(0, &HashElement, &CompareElements)
+    {
+    }
     KELSYPHashMap(const KELSYPHashMap&) = delete;
     KELSYPHashMap& operator=(const KELSYPHashMap&) = delete;
     ~KELSYPHashMap() override { KELSYPHashMap::RemoveAll(); }
@@ -173,15 +179,12 @@ public:
     }
 
     /// Destroys the entry under iKey; returns 1, or 0 when there is none.
-    virtual int Remove(const K& iKey)
-    {
-        return EntryHolder(static_cast<Entry*>(m_table.Remove(AsElement(iKey)))) ? 1 : 0;
-    }
+    virtual int Remove(const K& iKey) { return Hold(m_table.Remove(AsElement(iKey))) ? 1 : 0; }
 
     virtual void RemoveAll()
     {
         for (int i = 0; i < m_table.Size(); ++i) {
-            if (!EntryHolder(static_cast<Entry*>(m_table.Get(i)))) {
+            if (!Hold(m_table.Get(i))) {
                 CheckFailure__("NULL pair?", "KELSYPHashMap", __LINE__, nullptr);
             }
         }
@@ -190,26 +193,29 @@ public:
 
     virtual KELSYPHashMapIterator<K, V>* CreateIterator() { return std::as_const(*this).CreateIterator(); }
 
-    /// Destroys an entry and frees its memory, the room behind it included.
+    /// Destroys an entry and gives its memory back.
     struct EntryDeleter {
         void operator()(Entry* iEntry) const noexcept
         {
             iEntry->~Entry();
-            ::operator delete(static_cast<void*>(iEntry));
+            pool->Give(iEntry);
         }
+
+        KELSYPEntryPool* pool;
     };
 
-    /// Owns an entry that is in no map.
+    /// Owns an entry that is not in the map it was made by. The map outlives it.
     using EntryHolder = std::unique_ptr<Entry, EntryDeleter>;
 
-    /// An entry in no map yet, with iRoom bytes behind it, at `RoomOf`, for its maker's own use: whatever the value
-    /// points to can lie there and costs no allocation of its own.
-    static EntryHolder MakeEntry(const K& iKey, const V& iValue, std::size_t iRoom = 0)
+    /// An entry that is not in the map yet, with the map's room behind it, at `RoomOf`: what a pointer value points to
+    /// can lie there and costs no allocation of its own.
+    EntryHolder MakeEntry(const K& iKey, const V& iValue)
     {
-        std::unique_ptr<void, RawMemoryDeleter> memory(::operator new(sizeof(Entry) + iRoom));
-        Entry* const entry = ::new (memory.get()) Entry{iKey, iValue};
-        static_cast<void>(memory.release());
-        return EntryHolder(entry);
+        const auto giveBack = [this](void* iBlock) { m_pool.Give(iBlock); };
+        std::unique_ptr<void, decltype(giveBack)> block(m_pool.Take(), giveBack);
+        EntryHolder entry(::new (block.get()) Entry{iKey, iValue}, EntryDeleter{&m_pool});
+        static_cast<void>(block.release());
+        return entry;
     }
 
     static void* RoomOf(Entry& iEntry) noexcept { return &iEntry + 1; }
@@ -299,10 +305,6 @@ public:
     }
 
 private:
-    struct RawMemoryDeleter {
-        void operator()(void* iMemory) const noexcept { ::operator delete(iMemory); }
-    };
-
     static const K& KeyOf(void* iElement) { return *static_cast<const K*>(iElement); }
 
     // The table reads the key of an element and changes nothing, so the caller's own key serves as the probe: copying
@@ -339,6 +341,9 @@ private:
         return -1;
     }
 
+    EntryHolder Hold(void* iElement) { return EntryHolder(static_cast<Entry*>(iElement), EntryDeleter{&m_pool}); }
+
+    KELSYPEntryPool m_pool;
     KELSysSimpleHashTable m_table;
 };
 

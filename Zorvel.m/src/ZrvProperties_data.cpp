@@ -34,7 +34,7 @@ ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource) : ZrvProp
     m_pPrototype = iSource.m_pPrototype;
     for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
         if (source.key.GetLengthInChar() > 0 && source.value) {
-            PropertyMap::EntryHolder entry = PropertyMap::MakeEntry(source.key, nullptr, sizeof(ZrvProperty));
+            PropertyMap::EntryHolder entry = m_propertyMap.MakeEntry(source.key, nullptr);
             std::unique_ptr<ZrvProperty> property = source.value->DuplicateIn(PropertyMap::RoomOf(*entry));
             Insert_Int(std::move(entry), std::move(property));
         }
@@ -75,7 +75,7 @@ ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) 
 bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                         ZrvConstPropertiesPrototype* iPropertyPrototype)
 {
-    PropertyMap::EntryHolder entry = PropertyMap::MakeEntry(iPropertyName, nullptr, sizeof(ZrvProperty));
+    PropertyMap::EntryHolder entry = m_propertyMap.MakeEntry(iPropertyName, nullptr);
     std::unique_ptr<ZrvProperty> property =
         ZrvProperty::CreateIn(PropertyMap::RoomOf(*entry), iPropertyType, iPropertyPrototype);
     if (!property) {

@@ -87,7 +87,7 @@ private:
     /// Puts a property that lies in the room behind the entry into the map.
     void Insert_Int(PropertyMap::EntryHolder iEntry, std::unique_ptr<ZrvProperty> iProperty) KEL_REQUIRES(m_mutex);
 
-    PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex);
+    PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex){sizeof(ZrvProperty)}; // each property behind its entry
     KELReference<ZrvConstPropertiesPrototype> m_pPrototype KEL_GUARDED_BY(m_mutex);
     mutable KELMutex m_mutex{0, 1, 0};
 };

@@ -373,7 +373,7 @@ TEST_P(FailingMemory, LeavesEverythingIntact)
     while (RunWithFailure(allocation) && !HasFailure()) {
         ++allocation;
     }
-    EXPECT_GT(allocation, 300) << "as many failures were seen";
+    EXPECT_GT(allocation, 150) << "as many failures were seen";
     RecordProperty("failures", static_cast<int>(allocation - 1));
 }
 
