@@ -22,7 +22,7 @@ struct MediaClass {
 };
 
 GObjectClass* g_parentClass = nullptr;
-GParamSpec* g_specs[16];
+GParamSpec* g_parameters[16];
 
 void SetMediaProperty(GObject* ioObject, guint iProperty, const GValue* iValue, GParamSpec* /*iSpec*/)
 {
@@ -78,8 +78,8 @@ void InitClass(gpointer ioClass, gpointer /*iData*/)
     objectClass->finalize = &FinalizeMedia;
     guint number = 0;
     for (const Declaration& declaration : MediaDeclarations()) {
-        g_specs[number] = SpecOf(declaration);
-        g_object_class_install_property(objectClass, number + 1, g_specs[number]);
+        g_parameters[number] = SpecOf(declaration);
+        g_object_class_install_property(objectClass, number + 1, g_parameters[number]);
         ++number;
     }
 }
@@ -87,9 +87,9 @@ void InitClass(gpointer ioClass, gpointer /*iData*/)
 void InitMedia(GTypeInstance* ioInstance, gpointer /*iClass*/)
 {
     GValue* value = reinterpret_cast<Media*>(ioInstance)->values;
-    for (GParamSpec* spec : g_specs) {
-        g_value_init(value, spec->value_type);
-        g_param_value_set_default(spec, value);
+    for (GParamSpec* parameter : g_parameters) {
+        g_value_init(value, parameter->value_type);
+        g_param_value_set_default(parameter, value);
         ++value;
     }
 }
@@ -183,12 +183,12 @@ struct GLibContestant {
         {
             const Lock lock(m_mutex);
             guint count = 0;
-            const std::unique_ptr<GParamSpec*, decltype(&g_free)> specs(
+            const std::unique_ptr<GParamSpec*, decltype(&g_free)> found(
                 g_object_class_list_properties(G_OBJECT_GET_CLASS(m_object.get()), &count), &g_free);
             std::vector<std::string> names;
             names.reserve(count);
             for (guint i = 0; i < count; ++i) {
-                names.emplace_back(g_param_spec_get_name(specs.get()[i]));
+                names.emplace_back(g_param_spec_get_name(found.get()[i]));
             }
             return names;
         }
