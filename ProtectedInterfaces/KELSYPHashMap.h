@@ -323,12 +323,23 @@ private:
         }
     }
 
+    template <class Table>
+    static void* InsertInto(Table& ioTable, Entry* iEntry)
+    {
+        const auto isSame = [iEntry](void* iElement) { return KeyOf(iElement) == iEntry->key; };
+        if constexpr (requires { ioTable.InsertHashed(iEntry, 0U, isSame); }) {
+            return ioTable.InsertHashed(iEntry, iEntry->key.ComputeHashKey(), isSame);
+        } else {
+            return ioTable.InsertAndReturn(iEntry);
+        }
+    }
+
     Entry* Find(const K& iKey) const { return static_cast<Entry*>(LocateIn(m_table, iKey)); }
 
     // Gives the entry away if the table stores it; returns what the table now stores under its key.
     Entry* Offer(EntryHolder& ioEntry)
     {
-        auto* const stored = static_cast<Entry*>(m_table.InsertAndReturn(ioEntry.get()));
+        auto* const stored = static_cast<Entry*>(InsertInto(m_table, ioEntry.get()));
         if (stored == ioEntry.get()) {
             static_cast<void>(ioEntry.release());
         }

@@ -20,10 +20,12 @@
 #define ZRV_API __attribute__((visibility("default")))
 #endif
 
-#if defined(ZRV_BUILDING) && !defined(_WIN32)
-#define ZRV_EXPORTED_INLINE __attribute__((used))
-#else
+#if !defined(ZRV_BUILDING)
 #define ZRV_EXPORTED_INLINE
+#elif defined(_WIN32)
+#define ZRV_EXPORTED_INLINE ZRV_API
+#else
+#define ZRV_EXPORTED_INLINE __attribute__((used))
 #endif
 
 #endif

@@ -1,11 +1,11 @@
 #ifndef KELMutex_H
 #define KELMutex_H
 
+#include <KELThreadIdentity.h>
 #include <KELThreadSafety.h>
 
 #include <atomic>
 #include <mutex>
-#include <thread>
 
 /// A re-entrant mutex: the thread that holds it may lock it again, and gives it up with as many `Unlock` calls.
 ///
@@ -23,7 +23,7 @@ public:
     /// Waits until no other thread holds the mutex.
     void Lock() KEL_ACQUIRE() KEL_NO_THREAD_SAFETY_ANALYSIS
     {
-        const std::thread::id self = std::this_thread::get_id();
+        const KELThreadIdentity self = KELCurrentThread();
         if (m_owner.load(std::memory_order_relaxed) != self) {
             m_mutex.lock();
             m_owner.store(self, std::memory_order_relaxed);
@@ -35,14 +35,14 @@ public:
     void Unlock() KEL_RELEASE() KEL_NO_THREAD_SAFETY_ANALYSIS
     {
         if (--m_depth == 0) {
-            m_owner.store(std::thread::id(), std::memory_order_relaxed);
+            m_owner.store(KELThreadIdentity(), std::memory_order_relaxed);
             m_mutex.unlock();
         }
     }
 
 private:
     std::mutex m_mutex;
-    std::atomic<std::thread::id> m_owner{};
+    std::atomic<KELThreadIdentity> m_owner{};
     unsigned int m_depth = 0; // touched by the owner alone
 };
 

@@ -35,7 +35,16 @@ public:
     /// Stores iElement unless an equal element is stored, and returns the element that is now stored. Null when it
     /// could store nothing: for a null element and in a full table. Throws the standard allocation failure; nothing
     /// changes then.
-    void* InsertAndReturn(void* iElement);
+    void* InsertAndReturn(void* iElement)
+    {
+        return iElement ? InsertHashed(iElement, m_hash(iElement),
+                                       [this, iElement](void* iStored) { return m_equal(iStored, iElement) != 0; })
+                        : nullptr;
+    }
+
+    /// The same for a caller that has the element's hash at hand and compares elements in its own way, in line.
+    template <class IsElement>
+    void* InsertHashed(void* iElement, unsigned int iHash, const IsElement& iIsElement);
 
     /// The stored element that is equal to the probe, or null.
     void* Locate(void* iProbe) const
@@ -112,19 +121,19 @@ private:
     std::size_t m_mask = 0;   // the least 2^n - 1 that covers every bucket
 };
 
-inline void* KELSysSimpleHashTable::InsertAndReturn(void* iElement)
+template <class IsElement>
+void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, const IsElement& iIsElement)
 {
-    if (!iElement || Size() == std::numeric_limits<int>::max()) {
-        return nullptr;
-    }
-    const unsigned int hash = m_hash(iElement);
-    const int index = Find(hash, [this, iElement](void* iStored) { return m_equal(iStored, iElement) != 0; });
+    const int index = Find(iHash, iIsElement);
     if (index != kNone) {
         return At(index).element;
     }
+    if (Size() == std::numeric_limits<int>::max()) {
+        return nullptr;
+    }
     MakeRoom();
-    int& head = m_heads[Bucket(hash)];
-    m_elements.push_back({iElement, hash, head});
+    int& head = m_heads[Bucket(iHash)];
+    m_elements.push_back({iElement, iHash, head});
     head = Size() - 1;
     return iElement;
 }

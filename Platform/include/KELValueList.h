@@ -19,7 +19,6 @@ public:
     /// failed check and gives an empty element.
     const T& operator[](int iPosition) const
     {
-        static const T s_empty{};
         return KELHasPosition(iPosition, Size()) ? m_elements[static_cast<std::size_t>(iPosition) - 1] : s_empty;
     }
 
@@ -35,6 +34,10 @@ protected:
     void Add(const T& iElement) { m_elements.push_back(iElement); }
 
 private:
+    // Not within the operation: entering a guarded initialisation costs a library for Windows a thread-local slot,
+    // which is not given back when it is unloaded.
+    static inline const T s_empty{};
+
     std::vector<T> m_elements;
 };
 
