@@ -178,10 +178,11 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
 
 const ZrvPropertyDefinition* ZrvPropertiesData::GetPlainDefinition_Int(const KELUnicodeString& iPropertyName) const
 {
-    if (typeid(*m_pPrototype.Get()) != typeid(ZrvPrototypeImpl)) {
+    const ZrvConstPropertiesPrototype& prototype = *m_pPrototype.Get();
+    if (typeid(prototype) != typeid(ZrvPrototypeImpl)) {
         return nullptr;
     }
-    const auto& definitions = static_cast<const ZrvPrototypeImpl*>(m_pPrototype.Get())->m_properties;
+    const auto& definitions = static_cast<const ZrvPrototypeImpl&>(prototype).m_properties;
     return definitions ? std::as_const(*definitions).Locate(iPropertyName) : nullptr;
 }
 
