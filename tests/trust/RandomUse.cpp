@@ -11,9 +11,15 @@ namespace {
 
 const std::string g_goodNames[] = {"width", "height", "rate", "title", "a", "A", "\xC3\xA9", "e\xCC\x81"};
 const std::string g_badNames[] = {"", "", "undeclared", "\xC3", "\xFF\xFE", "width ", std::string(3000, 'x')};
-const std::string g_badTypes[] = {"", "", "int", "Float", "float ", "KELINT", "\xC0\x80"};
+const std::string g_badTypes[] = {"", "", "i", "int", "Float", "float ", "KELINT", "\xC0\x80"};
 
 unsigned char g_bytes[2];
+
+// A set as a caller may derive one, for which the library has no short cuts.
+class DerivedSet : public ZrvProperties {
+public:
+    using ZrvProperties::ZrvProperties;
+};
 
 PrototypeRef None()
 {
@@ -24,6 +30,7 @@ PrototypeRef None()
 
 RandomUse::RandomUse(Choices& ioChoices) : m_choices(ioChoices), m_objects(3), m_prototypes(4), m_sets(4), m_values(5)
 {
+    PrototypeModel::s_made = 0; // the same use for the same choices
     for (Object& object : m_objects) {
         object.reset(new CountedObject);
     }
@@ -141,7 +148,8 @@ void RandomUse::NewSet()
 {
     Set& set = Any(m_sets);
     set.model = {m_choices.Below(3) == 0 ? None() : Any(m_prototypes), {}};
-    set.real = std::make_unique<ZrvProperties>(set.model.prototype ? set.model.prototype->real : nullptr);
+    ZrvPrototypeImpl* const prototype = set.model.prototype ? set.model.prototype->real : nullptr;
+    set.real.reset(m_choices.Below(2) == 0 ? new ZrvProperties(prototype) : new DerivedSet(prototype));
 }
 
 void RandomUse::CopySet()
@@ -189,7 +197,8 @@ void RandomUse::SetValue()
     for (int i = 0; i < 20 && !m_isBad && property != set.model.held.end(); ++i) {
         value = property->second.value.index() == value.index() ? value : AnyValue();
     }
-    ExpectOutcome(set.real->SetProperty(name.c_str(), *MakeValue(value)), set.model.Set(name, value));
+    ExpectOutcome(set.real->SetProperty(name.c_str(), *MakeValue(value, m_choices.Below(4) == 0)),
+                  set.model.Set(name, value));
 }
 
 void RandomUse::SetFrom()
@@ -262,7 +271,7 @@ void RandomUse::Declare()
     const PrototypeRef& prototype = Any(m_prototypes);
     const std::string name = Name();
     const PrototypeRef nested = Nested(prototype->age);
-    WatchedPrototype* const real = nested ? nested->real : nullptr;
+    ZrvPrototypeImpl* const real = nested ? nested->real : nullptr;
     if (m_choices.Below(2) == 0) {
         const std::string type = TypeName();
         ExpectOutcome(prototype->real->AddProperty(name.c_str(), type.c_str(), real),
@@ -291,7 +300,7 @@ void RandomUse::QueryDeclaration()
     const auto found = prototype->declared.find(name);
     const bool isDeclared = found != prototype->declared.end();
     const Declaration declaration = isDeclared ? found->second : Declaration();
-    const WatchedPrototype& real = *prototype->real;
+    const ZrvPrototypeImpl& real = *prototype->real;
     ExpectOutcome(real.HasProperty(name.c_str()), isDeclared ? Outcome() : Outcome::Error());
     Expect(Text(real.GetPropertyType(name.c_str())), declaration.type, "declared type name");
     const ValueModel value = DefaultValue(declaration.type);
@@ -312,7 +321,7 @@ void RandomUse::NewValue()
 {
     Value& value = Any(m_values);
     value.model = AnyValue();
-    value.real = MakeValue(value.model);
+    value.real = MakeValue(value.model, m_choices.Below(4) == 0);
 }
 
 void RandomUse::AssignValue()
