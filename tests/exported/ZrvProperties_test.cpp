@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -116,7 +117,9 @@ TEST_F(ZrvPropertiesTest, FreeSetHoldsWhatIsGiven)
     EXPECT_STREQ(set.GetPropertyType("any").ConvertToChar(), "KELINT32");
     EXPECT_EQ(CountOf(nested), 4U);
     ExpectError(set.AddProperty("any2"), Pointer("m_pPrototype", kData));
-    ExpectError(set.AddProperty("any2", "int", &nested), Nothing(), "AddProperty: property not instanciated");
+    for (const char* type : {"int", "x"}) {
+        ExpectError(set.AddProperty("any2", type, &nested), Nothing(), "AddProperty: property not instanciated");
+    }
     EXPECT_EQ(set.HasProperty("any2"), 0);
     EXPECT_EQ(CountOf(nested), 4U);
 }
@@ -187,6 +190,9 @@ TEST_F(ZrvPropertiesTest, ListsAreAppendedToInOneOrder)
         EXPECT_EQ(set->HasProperty(list[i + 1]), 1);
     }
     EXPECT_STREQ(ZrvDebugServices::GetTracesFromProperties(*set).ConvertToChar(), "");
+    ZrvDebugServices services;
+    EXPECT_EQ(&(services = ZrvDebugServices()), &services);
+    EXPECT_EQ(&(services = std::as_const(services)), &services);
 }
 
 TEST_F(ZrvPropertiesTest, CopyAddsAssignsAndKeeps)
@@ -205,6 +211,22 @@ TEST_F(ZrvPropertiesTest, CopyAddsAssignsAndKeeps)
     Expect(target->SetFromProperties(*target), ZrvRC::zrvEC_NothingDone, "", Nothing());
     ExpectOk(target->SetFromProperties(ZrvProperties()));
     ExpectOk(ZrvProperties().SetFromProperties(ZrvProperties()));
+}
+
+/// A set that keeps its names to itself.
+class SecretiveSet : public ZrvProperties {
+public:
+    using ZrvProperties::GetListProperties;
+    int GetListProperties(KELListValKELUnicodeString&) const override { return 0; }
+};
+
+TEST_F(ZrvPropertiesTest, CopyAsksADerivedSetForItsNames)
+{
+    SecretiveSet source;
+    source.AddProperty("n", "KELINT32", nullptr);
+    ZrvProperties target;
+    ExpectOk(target.SetFromProperties(source));
+    EXPECT_EQ(target.HasProperty("n"), 0);
 }
 
 TEST_F(ZrvPropertiesTest, CopyIsRefusedBeforeAnythingChanges)
@@ -296,12 +318,20 @@ TEST_F(ZrvPropertiesTest, CallersPrototypesMayAnswerNonsense)
     // A copy into such a set hands the refusal on.
     ExpectError(set.SetFromProperties(*FreeSet({"y"})), {{kelCF_Condition, "propertyType.GetLengthInChar()>0", kData},
                                                          {kelCF_Condition, "!(rc.IsError())", kData}});
-    odd.answers = nullptr;
     odd.answers = [&set](const KELUnicodeString& iName) {
         set.AddProperty("int");
         return set.HasProperty(iName) ? KELUnicodeString() : KELUnicodeString("float");
     };
     ExpectOk(set.AddProperty("called back"));
+}
+
+TEST_F(ZrvPropertiesTest, CopiedPrototypesStartWithAReferenceOfTheirOwn)
+{
+    OddPrototype odd;
+    odd.AddRef();
+    OddPrototype copy(odd);
+    EXPECT_EQ(CountOf(copy), 1U);
+    odd.Release();
 }
 
 TEST_F(ZrvPropertiesTest, NamesMayBeLongAndIllFormed)

@@ -107,6 +107,15 @@ TEST(ZrvFPSMeasure, ABrokenClockChangesNothing)
     Clock::s_isBroken = false;
 }
 
+TEST(ZrvFPSMeasure, AClockWithoutANumberGivesNoRate)
+{
+    ZrvFPSMeasure meter(0);
+    Count(meter, 30);
+    EXPECT_TRUE(MeasureAt(meter, std::numeric_limits<double>::quiet_NaN()));
+    EXPECT_EQ(meter.GetInstantFPS(), 0);
+    EXPECT_EQ(meter.GetGlobalFPS(), 0);
+}
+
 TEST(ZrvFPSMeasure, CountsWrapAround)
 {
     ZrvFPSMeasure meter;
