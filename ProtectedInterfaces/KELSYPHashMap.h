@@ -229,6 +229,14 @@ public:
         return !ioEntry ? 1 : stored ? 0 : Refuse();
     }
 
+    /// Takes the entry at iIndex in the order of traversal out of the map; null when there is none. The last one leaves
+    /// the others where they are.
+    EntryHolder Take(int iIndex)
+    {
+        void* const element = iIndex < m_table.Size() ? m_table.Get(iIndex) : nullptr;
+        return Hold(element ? m_table.Remove(element) : nullptr);
+    }
+
     /// The entries in the order of traversal, for a loop that neither allocates nor calls. What a loop adds is met by
     /// the same loop; nothing may be removed meanwhile.
     class EntryRange {
@@ -276,7 +284,7 @@ public:
     V* LocateNear(int iIndex, const K& iKey) const
     {
         auto* const guessed = iIndex < m_table.Size() ? static_cast<Entry*>(m_table.Get(iIndex)) : nullptr;
-        Entry* const entry = guessed && guessed->key == iKey ? guessed : Find(iKey);
+        Entry* const entry = guessed && guessed->key.Compare(iKey) == 2 ? guessed : Find(iKey);
         return entry ? &entry->value : nullptr;
     }
 
@@ -315,7 +323,7 @@ private:
     template <class Table>
     static void* LocateIn(const Table& iTable, const K& iKey)
     {
-        const auto isKey = [&iKey](void* iElement) { return KeyOf(iElement) == iKey; };
+        const auto isKey = [&iKey](void* iElement) { return KeyOf(iElement).Compare(iKey) == 2; };
         if constexpr (requires { iTable.LocateHashed(0U, isKey); }) {
             return iTable.LocateHashed(iKey.ComputeHashKey(), isKey);
         } else {
@@ -326,7 +334,7 @@ private:
     template <class Table>
     static void* InsertInto(Table& ioTable, Entry* iEntry)
     {
-        const auto isSame = [iEntry](void* iElement) { return KeyOf(iElement) == iEntry->key; };
+        const auto isSame = [iEntry](void* iElement) { return KeyOf(iElement).Compare(iEntry->key) == 2; };
         if constexpr (requires { ioTable.InsertHashed(iEntry, 0U, isSame); }) {
             return ioTable.InsertHashed(iEntry, iEntry->key.ComputeHashKey(), isSame);
         } else {

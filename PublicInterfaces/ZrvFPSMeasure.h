@@ -27,7 +27,7 @@ class ZRV_API ZrvFPSMeasure {
 public:
     /// Starts measuring.
     /// \param iPeriod seconds; 0 or less measures at every occasion
-    explicit ZrvFPSMeasure(int iPeriod = 1);
+    ZrvFPSMeasure(int iPeriod = 1); // NOLINT(google-explicit-constructor)
 
     /// Goes on from where the other is.
     ZrvFPSMeasure(ZrvFPSMeasure& iOther);

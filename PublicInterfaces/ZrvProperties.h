@@ -43,7 +43,7 @@ public:
     };
 
     /// An empty set, bound to iPrototype, which it keeps with a reference of its own, or free when that is null.
-    explicit ZrvProperties(ZrvConstPropertiesPrototype* iPrototype = nullptr);
+    ZrvProperties(ZrvConstPropertiesPrototype* iPrototype = nullptr); // NOLINT(google-explicit-constructor)
 
     /// A set of its own with copies of all of the other's properties, and with the same prototype.
     ZrvProperties(const ZrvProperties& iOther);

@@ -20,7 +20,8 @@ public:
     ZrvPropertyTypeConv& operator=(ZrvPropertyTypeConv&& iOther) noexcept;
     /// @}
 
-    /// The type name, such as "KELINT32"; empty for any value that is none of the nine types.
+    /// The type name, such as "KELINT32"; empty for any value that is none of the nine types. The string shows a text
+    /// of the library's, to be given up before the library is unloaded.
     static KELUnicodeString GetAsUnicode(ZrvPropertyType iType);
 
     /// The type of that exact name; `zrvPT_Undefined` for any other text.

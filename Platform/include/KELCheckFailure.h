@@ -21,7 +21,7 @@ enum KELCheckFailureKind {
     kelCF_Message    ///< The text says what went wrong.
 };
 
-/// One report. The texts belong to the reporter and outlive the process's last report.
+/// One report. The texts belong to the reporting library and last until it is unloaded.
 struct KELCheckFailure {
     KELCheckFailureKind kind;
     const char* text;    ///< The condition, the pointer's name or the message.

@@ -52,9 +52,10 @@ public:
 
     KELRawCollfloat(const KELRawCollfloat& iOther);
     KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept : m_elements(std::exchange(ioOther.m_elements, nullptr)) {}
-    KELRawCollfloat& operator=(KELRawCollfloat iOther) noexcept
+    KELRawCollfloat& operator=(const KELRawCollfloat& iOther) { return *this = KELRawCollfloat(iOther); }
+    KELRawCollfloat& operator=(KELRawCollfloat&& ioOther) noexcept
     {
-        std::swap(m_elements, iOther.m_elements);
+        std::swap(m_elements, ioOther.m_elements);
         return *this;
     }
     ~KELRawCollfloat() { RemoveHolder(); }

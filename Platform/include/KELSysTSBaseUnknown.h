@@ -11,6 +11,8 @@
 /// takes the last reference deletes it. `AddRef` and `Release` are thread-safe.
 class KEL_API KELSysTSBaseUnknown {
 public:
+    /// \param iReferences the count to start with
+    explicit KELSysTSBaseUnknown(int iReferences);
     KELSysTSBaseUnknown(const KELSysTSBaseUnknown&) = delete;
     KELSysTSBaseUnknown& operator=(const KELSysTSBaseUnknown&) = delete;
 
@@ -28,9 +30,6 @@ public:
     virtual const void* GetMetaObject() const;
 
     virtual ~KELSysTSBaseUnknown();
-
-protected:
-    explicit KELSysTSBaseUnknown(int iReferences);
 
 private:
     KELReferenceCount m_references;

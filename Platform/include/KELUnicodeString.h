@@ -63,6 +63,9 @@ public:
     /// The text as UTF-8 with a terminating zero, never null; valid until the string is changed or destroyed.
     const char* ConvertToChar() const noexcept { return m_text ? m_text->Bytes() : ""; }
 
+    /// Number of bytes at `ConvertToChar`, without the terminating zero.
+    std::size_t LengthInBytes() const noexcept { return m_text ? static_cast<std::size_t>(m_text->Length()) : 0; }
+
     /// 2 when both texts are identical, else 0 when this string sorts first and 1 when iOther does (by code points).
     int Compare(const KELUnicodeString& iOther) const noexcept
     {
@@ -88,7 +91,6 @@ private:
                                    std::size_t iThirdLength = 0);
     static void Destroy(const KELText* iText) noexcept;
 
-    std::size_t LengthInBytes() const noexcept { return m_text ? static_cast<std::size_t>(m_text->Length()) : 0; }
     std::size_t ByteOffset(int iPosition) const noexcept;
     bool SortsBefore(const KELUnicodeString& iOther) const noexcept;
 

@@ -3,6 +3,7 @@
 
 #include <KELPositions.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -25,8 +26,9 @@ public:
     /// Makes room for iCount elements in all.
     void Reserve(int iCount)
     {
-        if (iCount > Size()) {
-            m_elements.reserve(static_cast<std::size_t>(iCount));
+        const auto count = static_cast<std::size_t>(iCount > 0 ? iCount : 0);
+        if (count > m_elements.capacity()) {
+            m_elements.reserve(std::max(count, 2 * m_elements.capacity())); // doubled, as repeated calls need it
         }
     }
 

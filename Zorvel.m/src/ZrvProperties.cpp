@@ -25,7 +25,7 @@ bool CheckName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE
 bool ListsNothing(const ZrvProperties& iProperties, const ZrvPropertiesData& iData)
 {
     if (typeid(iProperties) == typeid(ZrvProperties)) {
-        return iData.IsEmpty();
+        return !iData.HasNames();
     }
     KELListValKELUnicodeString names;
     return iProperties.GetListProperties(names) == 0;

@@ -58,10 +58,19 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     return *this;
 }
 
+// Entry by entry: what a property lets go of may be the host's, and may call back into this set when it goes. It then
+// finds a sound map without the entry; what it adds goes with the next round.
 void ZrvPropertiesData::RemoveAllProperties_Int()
 {
-    for (PropertyMap::Entry& entry : m_propertyMap.Entries()) {
-        std::unique_ptr<ZrvProperty>(std::exchange(entry.value, nullptr));
+    bool hasRemoved = true;
+    while (hasRemoved) {
+        hasRemoved = false;
+        for (int i = m_propertyMap.Size(); i-- > 0;) {
+            if (const PropertyMap::EntryHolder entry = m_propertyMap.Take(i)) {
+                std::unique_ptr<ZrvProperty>(std::exchange(entry->value, nullptr));
+                hasRemoved = true;
+            }
+        }
     }
     m_propertyMap.RemoveAll();
 }
@@ -95,12 +104,13 @@ void ZrvPropertiesData::Insert_Int(PropertyMap::EntryHolder iEntry, std::unique_
     case 1:
         static_cast<void>(property.release());
         break;
-    case 0: { // the name's entry is there without a property
-        std::unique_ptr<ZrvProperty> copy(property->Duplicate());
-        m_propertyMap.Insert(entry->key, copy.get());
-        static_cast<void>(copy.release());
+    case 0: // there is an entry, which may lack a property
+        if (!Find_Int(entry->key)) {
+            std::unique_ptr<ZrvProperty> copy(property->Duplicate());
+            m_propertyMap.Insert(entry->key, copy.get());
+            static_cast<void>(copy.release());
+        }
         break;
-    }
     default:
         break;
     }
@@ -156,7 +166,7 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
         return ZrvRC::zrvEC_Error;
     }
     const ZrvPropertyDefinition* definition = GetPlainDefinition_Int(iPropertyName);
-    if (definition && !m_propertyMap.Contains(iPropertyName)) {
+    if (definition && definition->GetType().GetLengthInChar() > 0 && !m_propertyMap.Contains(iPropertyName)) {
         return Instantiate_Int(iPropertyName, definition->GetType(), definition->PeekPrototype()) ? ZrvRC::zrvEC_OK
                                                                                                   : ZrvRC::zrvEC_Error;
     }
@@ -309,10 +319,15 @@ int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) con
     return count;
 }
 
-bool ZrvPropertiesData::IsEmpty() const
+bool ZrvPropertiesData::HasNames() const
 {
     const ZrvLock lock(m_mutex);
-    return m_propertyMap.Size() == 0;
+    for (const PropertyMap::Entry& entry : m_propertyMap.Entries()) {
+        if (entry.key.GetLengthInChar() > 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 const ZrvPropertyValueBase* ZrvPropertiesData::GetProperty(const KELUnicodeString& iPropertyName) const

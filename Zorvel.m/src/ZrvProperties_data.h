@@ -40,7 +40,9 @@ public:
     ZrvProperties::PropertyAvailability GetAvailability(const KELUnicodeString& iPropertyName) const;
     int HasProperty(const KELUnicodeString& iPropertyName) const;
     int GetListProperties(KELListValKELUnicodeString& ioList) const;
-    bool IsEmpty() const;
+
+    /// Whether `GetListProperties` would add any.
+    bool HasNames() const;
     const ZrvPropertyValueBase* GetProperty(const KELUnicodeString& iPropertyName) const;
     KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const;
     ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;

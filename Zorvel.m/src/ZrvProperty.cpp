@@ -154,7 +154,7 @@ ZrvRC ZrvProperty::SetValue(const ZrvPropertyValueBase& iValue)
 // for itself, and it tells a class that a caller derived from one of them.
 bool ZrvProperty::AssignPlain(const ZrvPropertyValueBase& iValue)
 {
-    const ZrvValueMaker* maker = m_value.get_deleter().placedBy;
+    const ZrvValueMaker* maker = Maker();
     if (!maker || typeid(iValue) != *maker->valueClass) {
         return false;
     }
@@ -188,7 +188,7 @@ ZrvProperty* ZrvProperty::Duplicate() const
 
 void ZrvProperty::CopyValue(const ZrvProperty& iOther)
 {
-    const ZrvValueMaker* maker = iOther.m_value.get_deleter().placedBy;
+    const ZrvValueMaker* maker = iOther.Maker();
     ZrvPropertyValueBase* copy = maker ? maker->placeCopy(m_valueRoom, *iOther.m_value) : iOther.m_value->Duplicate();
     m_value = {copy, ZrvValueDeleter{maker}};
 }

@@ -53,11 +53,7 @@ public:
     bool AssignPlain(const ZrvPropertyValueBase& iValue);
 
     /// Whether both properties made their values themselves, of the same type. False says nothing.
-    bool IsPlainLike(const ZrvProperty& iOther) const
-    {
-        return m_value.get_deleter().placedBy &&
-               m_value.get_deleter().placedBy == iOther.m_value.get_deleter().placedBy;
-    }
+    bool IsPlainLike(const ZrvProperty& iOther) const { return Maker() && Maker() == iOther.Maker(); }
 
     /// The value, owned by the property; null without one.
     const ZrvPropertyValueBase* GetValue() const { return m_value.get(); }
@@ -86,6 +82,9 @@ public:
 private:
     static std::unique_ptr<ZrvProperty> MakeIn(void* iRoom, ZrvConstPropertiesPrototype* iPropertyPrototype);
     void CopyValue(const ZrvProperty& iOther);
+
+    /// What placed the value into this property; null for a value with memory of its own and without one.
+    const ZrvValueMaker* Maker() const { return m_value ? m_value.get_deleter().placedBy : nullptr; }
 
     std::unique_ptr<ZrvPropertyValueBase, ZrvValueDeleter> m_value;
     std::unique_ptr<ZrvProperties> m_pParameters;

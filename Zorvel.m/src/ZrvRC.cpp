@@ -72,15 +72,16 @@ void ZrvRC::MergesTraces(KELUnicodeString& ioTrace, const KELUnicodeString& iAdd
 KELUnicodeString ZrvRC::InsertLinesBegin(const KELUnicodeString& iText, KELUnicodeString& iPrefix)
 {
     // Built in one walk over the text, so that a line break in the prefix is never met again.
-    const std::string_view text = iText.ConvertToChar();
-    std::string lines = iPrefix.ConvertToChar();
+    const std::string_view text(iText.ConvertToChar(), iText.LengthInBytes());
+    const std::string_view prefix(iPrefix.ConvertToChar(), iPrefix.LengthInBytes());
+    std::string lines(prefix);
     for (const char character : text) {
         lines += character;
         if (character == '\n') {
-            lines += iPrefix.ConvertToChar();
+            lines += prefix;
         }
     }
-    return KELUnicodeString(lines.c_str());
+    return KELUnicodeString(lines.data(), lines.size());
 }
 
 KELUnicodeString ZrvRC::InsertLinesBegin(const KELUnicodeString& iText, char* iPrefix)

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -56,6 +57,7 @@ TEST(KELRawCollfloat, ACopyIsItsOwnHoweverItIsChanged)
     EXPECT_EQ(std::as_const(copy)[1], 9.0F);
     copy = original;
     EXPECT_EQ(std::as_const(copy)[1], 1.0F);
+    static_assert(!std::is_nothrow_copy_assignable_v<KELRawCollfloat>, "copying a list that was lent may fail");
 }
 
 TEST(KELRawCollfloat, ConstantElementsAreCopiedBeforeTheyChange)

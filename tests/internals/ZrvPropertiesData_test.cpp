@@ -134,6 +134,36 @@ TEST_F(ZrvPropertiesDataTest, CopyingOneselfOrNothing)
     EXPECT_EQ(Read<KELINT32>(free.GetProperty("n")), 5);
 }
 
+/// An object that assigns to the set that lets go of it.
+class Meddler : public CountedObject {
+public:
+    Meddler(ZrvPropertiesData& ioSet, const ZrvPropertiesData& iSource) : m_set(ioSet), m_source(iSource) {}
+    ~Meddler() override
+    {
+        m_set.AddProperty("late", "KELINT32", nullptr);
+        m_set = m_source;
+    }
+
+private:
+    ZrvPropertiesData& m_set;
+    const ZrvPropertiesData& m_source;
+};
+
+TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
+{
+    ZrvPropertiesData source(nullptr);
+    for (const char* name : {"a", "b", "c"}) {
+        source.AddProperty(name, "KELINT32", nullptr);
+        free.AddProperty(name, "KELSysTSBaseUnknownPtr", &prototype);
+        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new Meddler(free, source));
+        free.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
+    }
+    free = source;
+    EXPECT_EQ(free.m_propertyMap.Size(), 3);
+    EXPECT_STREQ(free.GetPropertyType("b").ConvertToChar(), "KELINT32");
+    EXPECT_EQ(CountOf(prototype), 2U);
+}
+
 TEST_F(ZrvPropertiesDataTest, NestedParametersAreHandedOutAsCopies)
 {
     free.AddProperty("n", "float", nullptr);

@@ -145,6 +145,18 @@ TEST(ZrvProperty, WithoutAValue)
     EXPECT_EQ(reports.Take(), Nothing());
 }
 
+TEST(ZrvProperty, AfterLosingItsValue)
+{
+    CheckRecorder reports;
+    const auto property = Create("KELINT32");
+    const auto other = Create("KELINT32");
+    property->m_value = nullptr;
+    EXPECT_FALSE(property->AssignPlain(Int(3)));
+    EXPECT_FALSE(other->IsPlainLike(*property));
+    EXPECT_TRUE(property->SetValue(Int(3)) == ZrvRC::zrvEC_OK);
+    EXPECT_EQ(Read<KELINT32>(property->GetValue()), 3);
+}
+
 TEST(ZrvProperty, ParametersAreCopiedOut)
 {
     CheckRecorder reports;
