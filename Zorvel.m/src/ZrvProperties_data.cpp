@@ -67,7 +67,7 @@ void ZrvPropertiesData::RemoveAllProperties_Int()
         hasRemoved = false;
         for (int i = m_propertyMap.Size(); i-- > 0;) {
             if (const PropertyMap::EntryHolder entry = m_propertyMap.Take(i)) {
-                std::unique_ptr<ZrvProperty>(std::exchange(entry->value, nullptr));
+                const std::unique_ptr<ZrvProperty> property(std::exchange(entry->value, nullptr));
                 hasRemoved = true;
             }
         }
