@@ -229,12 +229,12 @@ public:
         return !ioEntry ? 1 : stored ? 0 : Refuse();
     }
 
-    /// Takes the entry at iIndex in the order of traversal out of the map; null when there is none. The last one leaves
-    /// the others where they are.
-    EntryHolder Take(int iIndex)
+    /// Takes all entries out of the map and then gives them to iUse, one `EntryHolder` after the other. The map is
+    /// empty meanwhile and can be used as ever: what iUse adds stays. Neither allocates nor throws if iUse does not.
+    template <class Use>
+    void TakeAll(const Use& iUse)
     {
-        void* const element = iIndex < m_table.Size() ? m_table.Get(iIndex) : nullptr;
-        return Hold(element ? m_table.Remove(element) : nullptr);
+        TakeAllFrom(m_table, iUse);
     }
 
     /// The entries in the order of traversal, for a loop that neither allocates nor calls. What a loop adds is met by
@@ -339,6 +339,26 @@ private:
             return ioTable.InsertHashed(iEntry, iEntry->key.ComputeHashKey(), isSame);
         } else {
             return ioTable.InsertAndReturn(iEntry);
+        }
+    }
+
+    // The platform's table is taken over whole, from another table the entries are taken one by one.
+    template <class Table, class Use>
+    void TakeAllFrom(Table& ioTable, const Use& iUse)
+    {
+        Table taken(0, &HashElement, &CompareElements);
+        if constexpr (requires { taken.Swap(ioTable); }) {
+            taken.Swap(ioTable);
+            for (int i = 0; i < taken.Size(); ++i) {
+                iUse(Hold(taken.Get(i)));
+            }
+        } else {
+            for (int i = ioTable.Size(); i-- > 0;) {
+                void* const element = i < ioTable.Size() ? ioTable.Get(i) : nullptr;
+                if (element) {
+                    iUse(Hold(ioTable.Remove(element)));
+                }
+            }
         }
     }
 

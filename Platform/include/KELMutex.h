@@ -24,26 +24,29 @@ public:
     void Lock() KEL_ACQUIRE() KEL_NO_THREAD_SAFETY_ANALYSIS
     {
         const KELThreadIdentity self = KELCurrentThread();
-        if (m_owner.load(std::memory_order_relaxed) != self) {
-            m_mutex.lock();
-            m_owner.store(self, std::memory_order_relaxed);
+        if (m_owner.load(std::memory_order_relaxed) == self) {
+            ++m_again;
+            return;
         }
-        ++m_depth;
+        m_mutex.lock();
+        m_owner.store(self, std::memory_order_relaxed);
     }
 
     /// Takes back one `Lock` of the calling thread.
     void Unlock() KEL_RELEASE() KEL_NO_THREAD_SAFETY_ANALYSIS
     {
-        if (--m_depth == 0) {
-            m_owner.store(KELThreadIdentity(), std::memory_order_relaxed);
-            m_mutex.unlock();
+        if (m_again > 0) {
+            --m_again;
+            return;
         }
+        m_owner.store(KELThreadIdentity(), std::memory_order_relaxed);
+        m_mutex.unlock();
     }
 
 private:
     std::mutex m_mutex;
     std::atomic<KELThreadIdentity> m_owner{};
-    unsigned int m_depth = 0; // touched by the owner alone
+    unsigned int m_again = 0; // how often the owner has locked it again; touched by the owner alone
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <utility>
 #include <vector>
 
 /// An untyped hash table of element pointers, with hash and equality functions of the caller's.
@@ -67,6 +68,14 @@ public:
     void* Get(int iIndex) const { return iIndex >= 0 && iIndex < Size() ? At(iIndex).element : nullptr; }
 
     int Size() const { return static_cast<int>(m_elements.size()); }
+
+    /// Exchanges the elements of two tables that have the same functions.
+    void Swap(KELSysSimpleHashTable& ioOther) noexcept
+    {
+        m_elements.swap(ioOther.m_elements);
+        m_heads.swap(ioOther.m_heads);
+        std::swap(m_mask, ioOther.m_mask);
+    }
 
     /// Forgets every element.
     void RemoveAll()

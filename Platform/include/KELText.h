@@ -8,10 +8,9 @@
 #include <cstdint>
 #include <cstring>
 
-/// Immutable UTF-8 text with its measures, which the strings that show it share.
+/// Immutable UTF-8 text with its measures, which the strings that show it share. The bytes lie behind it.
 ///
-/// Made at run time by `KELUnicodeString` alone, or at compile time from a literal. A literal's text is immortal: it
-/// needs no start-up and no counting, and strings can show it from any static initialiser to the last destructor.
+/// Made at run time by `KELUnicodeString` alone, or at compile time as a `KELLiteralText`.
 class KELText {
 public:
     /// Number of characters (code points; an ill-formed byte is one character) and hash of a text.
@@ -20,19 +19,11 @@ public:
         int characters;
     };
 
-    /// An immortal text. The literal stays where it is.
-    template <std::size_t N>
-    constexpr explicit KELText(const char (&iLiteral)[N]) noexcept
-        : m_bytes(iLiteral), m_length(static_cast<int>(N - 1)), m_measures(Measure(iLiteral, N - 1)),
-          m_references(KELReferenceCount::Immortal())
-    {
-    }
-
     KELText(const KELText&) = delete;
     KELText& operator=(const KELText&) = delete;
     ~KELText() = default;
 
-    constexpr const char* Bytes() const noexcept { return m_bytes; }
+    const char* Bytes() const noexcept { return reinterpret_cast<const char*>(this + 1); }
     constexpr int Length() const noexcept { return m_length; }
     constexpr int Characters() const noexcept { return m_measures.characters; }
     constexpr KELUINT32 Hash() const noexcept { return m_measures.hash; }
@@ -40,32 +31,44 @@ public:
     /// Number of bytes of the character at iText, which has iRemaining (at least 1) bytes left.
     static constexpr std::size_t CharacterLength(const char* iText, std::size_t iRemaining) noexcept;
 
-    /// Whether iLength bytes are the same in both places. In line for the length of names, where calling would cost
-    /// more than comparing.
-    static bool AreSame(const char* iOne, const char* iOther, std::size_t iLength) noexcept;
+    /// Whether both texts have the same bytes. In line, because calling would cost more than comparing a name.
+    bool IsSame(const KELText& iOther) const noexcept;
+
+    /// Bytes to keep for a text of iLength bytes: whole words, so that texts are compared word by word. What follows
+    /// the bytes is zero.
+    static constexpr std::size_t Room(std::size_t iLength) noexcept
+    {
+        return (iLength + sizeof(Word)) / sizeof(Word) * sizeof(Word);
+    }
 
     static constexpr Measures Measure(const char* iText, std::size_t iLength) noexcept
     {
         return {Hash(iText, iLength), Count(iText, iLength)};
     }
 
-private:
-    friend class KELUnicodeString;
-
-    /// A text with one holder, whose bytes lie behind it in the same allocation.
-    KELText(const char* iBytes, std::size_t iLength) noexcept
-        : m_bytes(iBytes), m_length(static_cast<int>(iLength)), m_measures(Measure(iBytes, iLength)), m_references(1)
+protected:
+    /// An immortal text.
+    constexpr KELText(const char* iBytes, std::size_t iLength, KELReferenceCount::Immortal iCount) noexcept
+        : m_length(static_cast<int>(iLength)), m_measures(Measure(iBytes, iLength)), m_references(iCount)
     {
     }
 
-    template <class Word>
-    static bool StartSame(const char* iOne, const char* iOther) noexcept
+private:
+    friend class KELUnicodeString;
+
+    /// A text with one holder. iBytes is the place behind it, where the bytes are already.
+    KELText(const char* iBytes, std::size_t iLength) noexcept
+        : m_length(static_cast<int>(iLength)), m_measures(Measure(iBytes, iLength)), m_references(1)
     {
-        Word one;
-        Word other;
-        std::memcpy(&one, iOne, sizeof(Word));
-        std::memcpy(&other, iOther, sizeof(Word));
-        return one == other;
+    }
+
+    using Word = std::uint64_t;
+
+    static Word WordAt(const char* iBytes) noexcept
+    {
+        Word word;
+        std::memcpy(&word, iBytes, sizeof(word));
+        return word;
     }
 
     static constexpr std::uint8_t Byte(char iByte) noexcept { return static_cast<std::uint8_t>(iByte); }
@@ -73,10 +76,29 @@ private:
     static constexpr int Count(const char* iText, std::size_t iLength) noexcept;
     static constexpr KELUINT32 Hash(const char* iText, std::size_t iLength) noexcept;
 
-    const char* m_bytes;
     int m_length;
     Measures m_measures;
     mutable KELReferenceCount m_references;
+};
+
+/// A text from a literal. It is immortal: it needs no start-up and no counting, and strings can show it from any static
+/// initialiser to the last destructor.
+/// \tparam Size what `KELText::Room` gives for the literal, or more
+template <std::size_t Size>
+class KELLiteralText : public KELText {
+public:
+    template <std::size_t N>
+    constexpr explicit KELLiteralText(const char (&iLiteral)[N]) noexcept
+        : KELText(iLiteral, N - 1, KELReferenceCount::Immortal())
+    {
+        static_assert(Room(N - 1) <= Size && sizeof(KELLiteralText) == sizeof(KELText) + Size);
+        for (std::size_t i = 0; i < N; ++i) {
+            m_literal[i] = iLiteral[i];
+        }
+    }
+
+private:
+    char m_literal[Size] = {};
 };
 
 constexpr std::size_t KELText::CharacterLength(const char* iText, std::size_t iRemaining) noexcept
@@ -127,25 +149,19 @@ constexpr KELUINT32 KELText::Hash(const char* iText, std::size_t iLength) noexce
     return static_cast<KELUINT32>(hash ^ (hash >> 17U));
 }
 
-inline bool KELText::AreSame(const char* iOne, const char* iOther, std::size_t iLength) noexcept
+inline bool KELText::IsSame(const KELText& iOther) const noexcept
 {
-    using Word = std::uint64_t;
-    using HalfWord = std::uint32_t;
-    constexpr std::size_t kLongest = 8 * sizeof(Word);
-    if (iLength < sizeof(HalfWord) || iLength > kLongest) {
-        return std::memcmp(iOne, iOther, iLength) == 0;
+    if (m_length != iOther.m_length) {
+        return false;
     }
-    if (iLength < sizeof(Word)) { // two half words, which may overlap
-        const std::size_t last = iLength - sizeof(HalfWord);
-        return StartSame<HalfWord>(iOne, iOther) && StartSame<HalfWord>(iOne + last, iOther + last);
-    }
-    const std::size_t last = iLength - sizeof(Word); // the last word may overlap the one before
-    for (std::size_t i = 0; i < last; i += sizeof(Word)) {
-        if (!StartSame<Word>(iOne + i, iOther + i)) {
+    const char* one = Bytes();
+    const char* other = iOther.Bytes();
+    for (const char* const end = one + m_length; one < end; one += sizeof(Word), other += sizeof(Word)) {
+        if (WordAt(one) != WordAt(other)) {
             return false;
         }
     }
-    return StartSame<Word>(iOne + last, iOther + last);
+    return true;
 }
 
 #endif

@@ -92,16 +92,14 @@ private:
     static void Destroy(const KELText* iText) noexcept;
 
     std::size_t ByteOffset(int iPosition) const noexcept;
-    bool SortsBefore(const KELUnicodeString& iOther) const noexcept;
+    [[gnu::pure]] bool SortsBefore(const KELUnicodeString& iOther) const noexcept;
 
     bool IsIdentical(const KELUnicodeString& iOther) const noexcept
     {
         if (m_text == iOther.m_text) {
             return true;
         }
-        return m_text && iOther.m_text && m_text->Hash() == iOther.m_text->Hash() &&
-               m_text->Length() == iOther.m_text->Length() &&
-               KELText::AreSame(m_text->Bytes(), iOther.m_text->Bytes(), LengthInBytes());
+        return m_text && iOther.m_text && m_text->Hash() == iOther.m_text->Hash() && m_text->IsSame(*iOther.m_text);
     }
 
     void AddHolder() const noexcept

@@ -27,12 +27,12 @@ const KELText* KELUnicodeString::MakeText(const char* iFirst, std::size_t iFirst
     if (length == 0) {
         return nullptr;
     }
-    std::unique_ptr<void, RawMemoryDeleter> memory(::operator new(sizeof(KELText) + length + 1));
+    std::unique_ptr<void, RawMemoryDeleter> memory(::operator new(sizeof(KELText) + KELText::Room(length)));
     char* const bytes = static_cast<char*>(memory.get()) + sizeof(KELText);
     char* end = std::copy_n(iFirst, iFirstLength, bytes);
     end = std::copy_n(iSecond, iSecondLength, end);
     end = std::copy_n(iThird, iThirdLength, end);
-    *end = '\0';
+    std::fill(end, bytes + KELText::Room(length), '\0');
     return ::new (memory.release()) KELText(bytes, length);
 }
 

@@ -58,19 +58,17 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     return *this;
 }
 
-// Entry by entry: what a property lets go of may be the host's, and may call back into this set when it goes. It then
-// finds a sound map without the entry; what it adds goes with the next round.
+// What a property lets go of may be the host's, and may call back into this set when it goes. It then finds an empty
+// set; what it adds goes with the next round.
 void ZrvPropertiesData::RemoveAllProperties_Int()
 {
     bool hasRemoved = true;
     while (hasRemoved) {
         hasRemoved = false;
-        for (int i = m_propertyMap.Size(); i-- > 0;) {
-            if (const PropertyMap::EntryHolder entry = m_propertyMap.Take(i)) {
-                const std::unique_ptr<ZrvProperty> property(std::exchange(entry->value, nullptr));
-                hasRemoved = true;
-            }
-        }
+        m_propertyMap.TakeAll([&hasRemoved](PropertyMap::EntryHolder iEntry) {
+            const std::unique_ptr<ZrvProperty> property(std::exchange(iEntry->value, nullptr));
+            hasRemoved = true;
+        });
     }
     m_propertyMap.RemoveAll();
 }

@@ -9,13 +9,9 @@
 namespace {
 
 // Texts rather than strings: they are there before the first static initialiser, stay after the last destructor, and
-// are shown without counting.
-#define ZRV_TYPE_NAME(id, name, type) constexpr KELText ZrvTypeName_##id(name);
-ZRV_PROPERTY_TYPES(ZRV_TYPE_NAME)
-#undef ZRV_TYPE_NAME
-
-constexpr const KELText* g_typeNames[] = {
-#define ZRV_TYPE_NAME(id, name, type) &ZrvTypeName_##id,
+// are shown without counting. All of one size, so that finding one is a calculation.
+constexpr KELLiteralText<24> g_typeNames[] = {
+#define ZRV_TYPE_NAME(id, name, type) KELLiteralText<24>(name),
     ZRV_PROPERTY_TYPES(ZRV_TYPE_NAME)
 #undef ZRV_TYPE_NAME
 };
@@ -32,7 +28,7 @@ constexpr std::array<ZrvPropertyType, g_slots> g_byHash = [] {
     std::array<ZrvPropertyType, g_slots> types{};
     types.fill(zrvPT_Undefined);
     for (KELINT32 type = 0; type < zrvPT_Undefined; ++type) {
-        types[SlotOf(g_typeNames[type]->Hash())] = static_cast<ZrvPropertyType>(type);
+        types[SlotOf(g_typeNames[type].Hash())] = static_cast<ZrvPropertyType>(type);
     }
     return types;
 }();
@@ -45,7 +41,7 @@ static_assert(std::count(g_byHash.begin(), g_byHash.end(), zrvPT_Undefined) == g
 KELUnicodeString ZrvPropertyTypeConv::GetAsUnicode(ZrvPropertyType iType)
 {
     const auto type = static_cast<KELUINT32>(iType);
-    return type < zrvPT_Undefined ? KELUnicodeString(*g_typeNames[type]) : KELUnicodeString();
+    return type < zrvPT_Undefined ? KELUnicodeString(g_typeNames[type]) : KELUnicodeString();
 }
 
 ZrvPropertyType ZrvPropertyTypeConv::GetEnum(const KELUnicodeString& iTypeName)
