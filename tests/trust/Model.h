@@ -3,11 +3,13 @@
 
 #include "CheckRecorder.h"
 #include "ValueModel.h"
+#include "ZrvProperties.h"
 #include "ZrvPrototypeImpl.h"
 
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// What an operation is to answer and to report.
@@ -35,45 +37,158 @@ struct PrototypeModel;
 /// Counts as the real references do: what holds a prototype holds one of these.
 using PrototypeRef = std::shared_ptr<PrototypeModel>;
 
-struct Declaration {
-    std::string type;
-    PrototypeRef nested;
-};
-
 struct PrototypeModel {
-    PrototypeModel() { s_alive += IsWatched(); }
+    struct Declaration {
+        std::string type;
+        PrototypeRef nested;
+    };
+
+    PrototypeModel(int iAge, ZrvPrototypeImpl* iReal) : age(iAge), real(iReal) { s_alive += IsWatched(); }
     PrototypeModel(const PrototypeModel&) = delete;
     PrototypeModel& operator=(const PrototypeModel&) = delete;
     ~PrototypeModel() { s_alive -= IsWatched(); }
 
-    /// Every other one; the rest are of the library's own class, for which it has short cuts.
+    Outcome Declare(const std::string& iName, const std::string& iType, const PrototypeRef& iNested)
+    {
+        const auto found = declared.find(iName);
+        const bool isNew = found == declared.end();
+        if (iName.empty() || iType.empty() ||
+            (!isNew && (found->second.type != iType || (iNested && found->second.nested)))) {
+            return Outcome::Error();
+        }
+        declared[iName] = {iType, isNew || iNested ? iNested : found->second.nested};
+        return {};
+    }
+
+    /// Every other one is a `WatchedPrototype`; the rest are of the library's own class, for which it has short cuts.
     int IsWatched() const { return age % 2; }
 
-    Outcome Declare(const std::string& iName, const std::string& iType, const PrototypeRef& iNested);
-
-    int age = s_made++;
-    ZrvPrototypeImpl* real = IsWatched() ? new WatchedPrototype : new ZrvPrototypeImpl; // gone when this is
+    int age;
+    ZrvPrototypeImpl* real; // gone when this is
     std::map<std::string, Declaration> declared;
     static inline int s_alive = 0;
-    static inline int s_made = 0;
-};
-
-struct PropertyModel {
-    ValueModel value;
-    PrototypeRef nested;
 };
 
 /// A property set as maps and plain values. The names of a source come in the order in which the real set lists them.
 struct SetModel {
-    int Availability(const std::string& iName) const;
-    Outcome AddTyped(const std::string& iName, const std::string& iType, const PrototypeRef& iNested);
-    Outcome AddDeclared(const std::string& iName);
-    Outcome Set(const std::string& iName, const ValueModel& iValue);
-    Outcome Copy(const SetModel& iSource, const std::vector<std::string>& iOrder);
-    Outcome Assign(const SetModel& iSource, const std::vector<std::string>& iOrder);
+    struct Property {
+        ValueModel value;
+        PrototypeRef nested;
+    };
+
+    static std::vector<Report> NameIsThere(const char* iFile)
+    {
+        return Condition("iPropertyName.GetLengthInChar()>0", iFile);
+    }
+
+    int Availability(const std::string& iName) const
+    {
+        return iName.empty()                                         ? ZrvProperties::zrvPA_Unavailable
+               : held.count(iName) != 0                              ? ZrvProperties::zrvPA_Instantiated
+               : !prototype || prototype->declared.count(iName) != 0 ? ZrvProperties::zrvPA_Available
+                                                                     : ZrvProperties::zrvPA_Unavailable;
+    }
+
+    Outcome AddTyped(const std::string& iName, const std::string& iType, const PrototypeRef& iNested)
+    {
+        if (iName.empty() || iType.empty()) {
+            return Outcome::Error(iName.empty() ? NameIsThere("ZrvProperties")
+                                                : Condition("iPropertyType.GetLengthInChar()>0", "ZrvProperties"));
+        }
+        if (prototype) {
+            return Outcome::Error(Condition("!m_pPrototype", "ZrvProperties_data"),
+                                  "AddProperty: Wrong call, should not have prototype.");
+        }
+        return held.count(iName) != 0 ? Outcome()
+                                      : Add(iName, {iType, iNested}, "AddProperty: property not instanciated");
+    }
+
+    Outcome AddDeclared(const std::string& iName)
+    {
+        if (iName.empty()) {
+            return Outcome::Error(NameIsThere("ZrvProperties"));
+        }
+        if (!prototype) {
+            return Outcome::Error(Pointer("m_pPrototype", "ZrvProperties_data"));
+        }
+        const auto declaration = prototype->declared.find(iName);
+        if (held.count(iName) != 0 || declaration != prototype->declared.end()) {
+            return held.count(iName) != 0 ? Outcome() : Add(iName, declaration->second, "");
+        }
+        return Outcome::Error(
+            Condition("ZrvProperties::zrvPA_Unavailable!=propertyAvailability", "ZrvProperties_data"));
+    }
+
+    Outcome Set(const std::string& iName, const ValueModel& iValue)
+    {
+        const auto property = held.find(iName);
+        if (iName.empty() || TypeOf(iValue).empty()) {
+            return Outcome::Error(iName.empty() ? NameIsThere("ZrvProperties")
+                                                : Condition("iValue.GetType().GetLengthInChar()>0", "ZrvProperties"));
+        }
+        if (property == held.end()) {
+            return Outcome::Error();
+        }
+        if (property->second.value.index() != iValue.index()) {
+            return Outcome::Error(Condition("m_value->SetValueFromProperty(iValue)", "ZrvProperty"));
+        }
+        property->second.value = iValue;
+        return {};
+    }
+
+    Outcome Copy(const SetModel& iSource, const std::vector<std::string>& iOrder)
+    {
+        if (&iSource == this) {
+            return {ZrvRC::zrvEC_NothingDone, "", {}};
+        }
+        for (const std::string& name : iOrder) {
+            const auto property = held.find(name);
+            if (Availability(name) == ZrvProperties::zrvPA_Unavailable ||
+                (property != held.end() && property->second.value.index() != iSource.held.at(name).value.index())) {
+                return Outcome::Error();
+            }
+        }
+        for (const std::string& name : iOrder) {
+            const ValueModel& value = iSource.held.at(name).value;
+            Outcome outcome = held.count(name) != 0 ? Outcome()
+                              : prototype           ? AddDeclared(name)
+                                                    : AddTyped(name, TypeOf(value), nullptr);
+            const char* failed = "!(rc.IsError())";
+            if (outcome == Outcome()) {
+                outcome = Set(name, value);
+                failed = "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )";
+            }
+            if (outcome != Outcome()) {
+                outcome.reports.push_back({kelCF_Condition, failed, "ZrvProperties_data"});
+                return outcome;
+            }
+        }
+        return {};
+    }
+
+    Outcome Assign(const SetModel& iSource, const std::vector<std::string>& iOrder)
+    {
+        if (&iSource == this) {
+            return {};
+        }
+        prototype = iSource.prototype;
+        held.clear();
+        return {ZrvRC::zrvEC_OK, "", Copy(iSource, iOrder).reports}; // an assignment has no result, only reports
+    }
 
     PrototypeRef prototype;
-    std::map<std::string, PropertyModel> held;
+    std::map<std::string, Property> held;
+
+private:
+    Outcome Add(const std::string& iName, const PrototypeModel::Declaration& iDeclaration, const char* iRefusal)
+    {
+        const ValueModel value = DefaultValue(iDeclaration.type);
+        if (TypeOf(value).empty()) {
+            return Outcome::Error({}, iRefusal);
+        }
+        held[iName] = {value, iDeclaration.nested};
+        return {};
+    }
 };
 
 #endif

@@ -1,25 +1,91 @@
+#include "OwnMemory.h"
 #include "RandomUse.h"
+#include "ZrvProperties.h"
+#include "ZrvProperties_data.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
+
+namespace {
+
+long FromEnvironment(const char* iName, long iDefault)
+{
+    const char* const text = std::getenv(iName);
+    return text ? std::atol(text) : iDefault;
+}
+
+// A longer run, or one from another seed, is asked for by the environment.
+Counts UseForLong(long iOperations, Memory iMemory)
+{
+    constexpr long kOfOneUse = 16000;
+    Counts all;
+    long seed = FromEnvironment("RANDOM_SEED", 1);
+    for (long left = iOperations; left > 0; left -= kOfOneUse, ++seed) {
+        SeededChoices choices(static_cast<std::uint64_t>(seed), std::min(left, kOfOneUse));
+        try {
+            const Counts counts = UseAtRandom(choices, iMemory);
+            all.refused += counts.refused;
+            all.failures += counts.failures;
+        } catch (const std::logic_error& difference) {
+            ADD_FAILURE() << "seed " << seed << ": " << difference.what();
+            break;
+        }
+    }
+    ::testing::Test::RecordProperty("refused", static_cast<int>(all.refused));
+    ::testing::Test::RecordProperty("failures", static_cast<int>(all.failures));
+    return all;
+}
 
 TEST(RandomUse, AnswersAsTheModelDoes)
 {
-    for (std::uint64_t seed = 1; seed <= 8; ++seed) {
-        SeededChoices choices(seed);
-        RandomUse use(choices);
-        try {
-            while (use.Steps() < 16000) {
-                use.Step();
-            }
-            use.CheckState();
-        } catch (const std::logic_error& difference) {
-            FAIL() << "seed " << seed << ": " << difference.what();
-        }
-        // Both kinds of operations were met often.
-        EXPECT_GT(use.Refused(), use.Steps() / 8);
-        EXPECT_LT(use.Refused(), use.Steps() / 2);
-    }
-    EXPECT_EQ(WatchedPrototype::s_alive, 0);
+    const long operations = FromEnvironment("RANDOM_OPERATIONS", 128000);
+    const Counts counts = UseForLong(operations, Memory::Behaves);
+    EXPECT_GT(counts.refused, operations / 8) << "both kinds of operations are met often";
+    EXPECT_LT(counts.refused, operations / 2);
+    EXPECT_EQ(counts.failures, 0);
 }
+
+class FailingMemory : public ::testing::TestWithParam<Memory> {};
+
+TEST_P(FailingMemory, LeavesRandomUseIntact)
+{
+    const long operations = FromEnvironment("RANDOM_OPERATIONS", 4000);
+    UseForLong(100, GetParam()); // what is allocated once and for all
+    const long live = OwnMemory::Live();
+    const Counts counts = UseForLong(operations, GetParam());
+    EXPECT_EQ(OwnMemory::Live(), live) << "leaked";
+    EXPECT_GT(counts.failures, operations) << "as many failures were seen";
+}
+
+// Parameters, which no operation fills, are copied with their property.
+TEST_P(FailingMemory, LeavesParametersIntact)
+{
+    ZrvProperties set;
+    set.AddProperty("a", "floatList", nullptr);
+    set.AddProperty("b", "KELUnicodeString", nullptr);
+    auto& parameters = (*set.m_PropertiesData->m_propertyMap.Locate("a"))->m_pParameters;
+    parameters = std::make_unique<ZrvProperties>(set);
+    long failures = 0;
+    for (long allocation = 1, failed = 1; failed > 0; ++allocation) {
+        const long live = OwnMemory::Live();
+        OwnMemory::FailAt(allocation, GetParam() == Memory::FailsForGood);
+        try {
+            const ZrvProperties copy(set);
+            const std::unique_ptr<ZrvProperties> copied(copy.GetPropertyParameters("a"));
+            failed = OwnMemory::Behave();
+            EXPECT_EQ(copied->HasProperty("b"), 1);
+        } catch (const std::bad_alloc&) {
+            failed = OwnMemory::Behave();
+        }
+        failures += failed;
+        EXPECT_EQ(OwnMemory::Live(), live) << "leaked at allocation " << allocation;
+    }
+    EXPECT_GE(failures, 8) << "as many failures were seen";
+}
+
+INSTANTIATE_TEST_SUITE_P(Memory, FailingMemory, ::testing::Values(Memory::FailsOnce, Memory::FailsForGood));
+
+} // namespace

@@ -3,7 +3,6 @@
 
 #include "ZrvPropertyValue.h"
 
-#include <cstring>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -25,51 +24,44 @@ inline std::string TypeOf(const ValueModel& iValue)
     return Text(ZrvPropertyTypeConv::GetAsUnicode(static_cast<ZrvPropertyType>(iValue.index())));
 }
 
-/// Between a model's contents and a real value's.
-/// @{
+/// A model's contents as a real value's.
 template <class T>
-T ToReal(const T& iContents)
+auto ToReal(const T& iContents)
 {
-    return iContents;
-}
-inline KELUnicodeString ToReal(const std::string& iText)
-{
-    return KELUnicodeString(iText.c_str());
-}
-inline KELRawCollfloat ToReal(const std::vector<float>& iFloats)
-{
-    KELRawCollfloat list;
-    for (const float value : iFloats) {
-        list.Append(value);
+    if constexpr (std::is_same_v<T, std::string>) {
+        return KELUnicodeString(iContents.c_str());
+    } else if constexpr (std::is_same_v<T, std::vector<float>>) {
+        KELRawCollfloat list;
+        for (const float value : iContents) {
+            list.Append(value);
+        }
+        return list;
+    } else {
+        return iContents;
     }
-    return list;
 }
 
+/// A real value's contents as a model's. Gives the reference back that reading an object has added.
 template <class T>
-T ToModel(const T& iContents)
+ValueModel ToModel(const T& iContents)
 {
-    return iContents;
-}
-inline std::string ToModel(const KELUnicodeString& iText)
-{
-    return Text(iText);
-}
-inline std::vector<float> ToModel(const KELRawCollfloat& iList)
-{
-    std::vector<float> floats;
-    for (int position = 1; position <= iList.Size(); ++position) {
-        floats.push_back(iList[position]);
+    if constexpr (std::is_same_v<T, KELUnicodeString>) {
+        return Text(iContents);
+    } else if constexpr (std::is_same_v<T, KELRawCollfloat>) {
+        std::vector<float> floats;
+        for (int position = 1; position <= iContents.Size(); ++position) {
+            floats.push_back(iContents[position]);
+        }
+        return floats;
+    } else {
+        if constexpr (std::is_same_v<T, KELSysTSBaseUnknown*>) {
+            if (iContents) {
+                iContents->Release();
+            }
+        }
+        return iContents;
     }
-    return floats;
 }
-inline KELSysTSBaseUnknown* ToModel(KELSysTSBaseUnknown* iObject)
-{
-    if (iObject) {
-        iObject->Release(); // the reference that reading added
-    }
-    return iObject;
-}
-/// @}
 
 /// A value as a caller may derive one.
 template <class T>
@@ -110,16 +102,10 @@ inline ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
 /// The default value of a type; a value without a type for an unknown name.
 inline ValueModel DefaultValue(const std::string& iType)
 {
-    const ValueModel defaults[] = {static_cast<unsigned char*>(nullptr),
-                                   std::string(),
-                                   KELBoolean{1},
-                                   KELINT32{0},
-                                   KELUINT32{0},
-                                   0.0F,
-                                   0.0,
-                                   std::vector<float>(3, 0.0F),
-                                   static_cast<KELSysTSBaseUnknown*>(nullptr),
-                                   std::monostate()};
+    unsigned char* const noByte = nullptr;
+    KELSysTSBaseUnknown* const noObject = nullptr;
+    const ValueModel defaults[] = {noByte, std::string(), KELBoolean{1}, KELINT32(),           KELUINT32(),
+                                   0.0F,   0.0,           noObject,      std::vector<float>(3)};
     for (const ValueModel& value : defaults) {
         if (TypeOf(value) == iType) {
             return value;
@@ -131,26 +117,19 @@ inline ValueModel DefaultValue(const std::string& iType)
 /// Type and contents to the last bit: two equal descriptions are the same value, a NaN too.
 inline std::string Describe(const ValueModel& iValue)
 {
-    const auto bytes = [](const auto* iFirst, std::size_t iCount) {
-        std::string text(iCount * sizeof(*iFirst), '\0');
-        if (iCount > 0) {
-            std::memcpy(text.data(), iFirst, text.size());
+    const auto bytes = [](const auto& iContents) -> std::string {
+        using Contents = std::decay_t<decltype(iContents)>;
+        if constexpr (std::is_same_v<Contents, std::monostate>) {
+            return {};
+        } else if constexpr (std::is_same_v<Contents, std::string>) {
+            return iContents;
+        } else if constexpr (std::is_same_v<Contents, std::vector<float>>) {
+            return {reinterpret_cast<const char*>(iContents.data()), iContents.size() * sizeof(float)};
+        } else {
+            return {reinterpret_cast<const char*>(&iContents), sizeof(iContents)};
         }
-        return text;
     };
-    return TypeOf(iValue) + ":" +
-           std::visit(
-               [bytes](const auto& iContents) {
-                   using Contents = std::decay_t<decltype(iContents)>;
-                   if constexpr (std::is_same_v<Contents, std::monostate>) {
-                       return std::string();
-                   } else if constexpr (std::is_class_v<Contents>) {
-                       return bytes(iContents.data(), iContents.size());
-                   } else {
-                       return bytes(&iContents, 1);
-                   }
-               },
-               iValue);
+    return TypeOf(iValue) + ":" + std::visit(bytes, iValue);
 }
 
 #endif

@@ -1,0 +1,33 @@
+#ifndef OwnMemory_H
+#define OwnMemory_H
+
+/// The memory of a program that has this source's operator new for its own. Allocations may be made to fail by a test
+/// that runs on one thread.
+class OwnMemory {
+public:
+    /// Lets the iAllocation-th allocation from now on fail, and every later one too if wanted.
+    static void FailAt(long iAllocation, bool iAndEveryLaterOne);
+
+    /// Ends that; returns how many allocations have failed since.
+    static long Behave();
+
+    /// Allocations so far, and blocks that are in use.
+    /// @{
+    static long Allocations();
+    static long Live();
+    /// @}
+
+    /// No allocation fails, nor counts for `FailAt`, while one of these lives.
+    class Pause {
+    public:
+        Pause();
+        Pause(const Pause&) = delete;
+        Pause& operator=(const Pause&) = delete;
+        ~Pause();
+
+    private:
+        long m_countdown;
+    };
+};
+
+#endif
