@@ -1,7 +1,6 @@
 #ifndef Model_H
 #define Model_H
 
-#include "CheckRecorder.h"
 #include "ValueModel.h"
 #include "ZrvProperties.h"
 #include "ZrvPrototypeImpl.h"
@@ -9,19 +8,15 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
-/// What an operation is to answer and to report.
+/// What an operation is to answer, and how many failed checks it is to report.
 struct Outcome {
     ZrvRC::ErrorCode code = ZrvRC::zrvEC_OK;
     std::string trace;
-    std::vector<Report> reports;
+    int reports = 0;
 
-    static Outcome Error(std::vector<Report> iReports = {}, std::string iTrace = {})
-    {
-        return {ZrvRC::zrvEC_Error, std::move(iTrace), std::move(iReports)};
-    }
+    static Outcome Error(int iReports = 0, const char* iTrace = "") { return {ZrvRC::zrvEC_Error, iTrace, iReports}; }
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
 
@@ -76,11 +71,6 @@ struct SetModel {
         PrototypeRef nested;
     };
 
-    static std::vector<Report> NameIsThere(const char* iFile)
-    {
-        return Condition("iPropertyName.GetLengthInChar()>0", iFile);
-    }
-
     int Availability(const std::string& iName) const
     {
         return iName.empty()                                         ? ZrvProperties::zrvPA_Unavailable
@@ -92,45 +82,31 @@ struct SetModel {
     Outcome AddTyped(const std::string& iName, const std::string& iType, const PrototypeRef& iNested)
     {
         if (iName.empty() || iType.empty()) {
-            return Outcome::Error(iName.empty() ? NameIsThere("ZrvProperties")
-                                                : Condition("iPropertyType.GetLengthInChar()>0", "ZrvProperties"));
+            return Outcome::Error(1);
         }
         if (prototype) {
-            return Outcome::Error(Condition("!m_pPrototype", "ZrvProperties_data"),
-                                  "AddProperty: Wrong call, should not have prototype.");
+            return Outcome::Error(1, "AddProperty: Wrong call, should not have prototype.");
         }
-        return held.count(iName) != 0 ? Outcome()
-                                      : Add(iName, {iType, iNested}, "AddProperty: property not instanciated");
+        return Add(iName, {iType, iNested}, "AddProperty: property not instanciated");
     }
 
     Outcome AddDeclared(const std::string& iName)
     {
-        if (iName.empty()) {
-            return Outcome::Error(NameIsThere("ZrvProperties"));
+        const bool isDeclared = prototype && prototype->declared.count(iName) != 0;
+        if (!prototype || (!isDeclared && held.count(iName) == 0)) {
+            return Outcome::Error(1);
         }
-        if (!prototype) {
-            return Outcome::Error(Pointer("m_pPrototype", "ZrvProperties_data"));
-        }
-        const auto declaration = prototype->declared.find(iName);
-        if (held.count(iName) != 0 || declaration != prototype->declared.end()) {
-            return held.count(iName) != 0 ? Outcome() : Add(iName, declaration->second, "");
-        }
-        return Outcome::Error(
-            Condition("ZrvProperties::zrvPA_Unavailable!=propertyAvailability", "ZrvProperties_data"));
+        return Add(iName, isDeclared ? prototype->declared[iName] : PrototypeModel::Declaration(), "");
     }
 
     Outcome Set(const std::string& iName, const ValueModel& iValue)
     {
         const auto property = held.find(iName);
         if (iName.empty() || TypeOf(iValue).empty()) {
-            return Outcome::Error(iName.empty() ? NameIsThere("ZrvProperties")
-                                                : Condition("iValue.GetType().GetLengthInChar()>0", "ZrvProperties"));
+            return Outcome::Error(1);
         }
-        if (property == held.end()) {
-            return Outcome::Error();
-        }
-        if (property->second.value.index() != iValue.index()) {
-            return Outcome::Error(Condition("m_value->SetValueFromProperty(iValue)", "ZrvProperty"));
+        if (property == held.end() || property->second.value.index() != iValue.index()) {
+            return Outcome::Error(property == held.end() ? 0 : 1);
         }
         property->second.value = iValue;
         return {};
@@ -139,7 +115,7 @@ struct SetModel {
     Outcome Copy(const SetModel& iSource, const std::vector<std::string>& iOrder)
     {
         if (&iSource == this) {
-            return {ZrvRC::zrvEC_NothingDone, "", {}};
+            return {ZrvRC::zrvEC_NothingDone, "", 0};
         }
         for (const std::string& name : iOrder) {
             const auto property = held.find(name);
@@ -153,19 +129,16 @@ struct SetModel {
             Outcome outcome = held.count(name) != 0 ? Outcome()
                               : prototype           ? AddDeclared(name)
                                                     : AddTyped(name, TypeOf(value), nullptr);
-            const char* failed = "!(rc.IsError())";
-            if (outcome == Outcome()) {
-                outcome = Set(name, value);
-                failed = "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )";
-            }
+            outcome = outcome == Outcome() ? Set(name, value) : outcome;
             if (outcome != Outcome()) {
-                outcome.reports.push_back({kelCF_Condition, failed, "ZrvProperties_data"});
+                ++outcome.reports;
                 return outcome;
             }
         }
         return {};
     }
 
+    // An assignment has no result, only reports.
     Outcome Assign(const SetModel& iSource, const std::vector<std::string>& iOrder)
     {
         if (&iSource == this) {
@@ -173,7 +146,7 @@ struct SetModel {
         }
         prototype = iSource.prototype;
         held.clear();
-        return {ZrvRC::zrvEC_OK, "", Copy(iSource, iOrder).reports}; // an assignment has no result, only reports
+        return {ZrvRC::zrvEC_OK, "", Copy(iSource, iOrder).reports};
     }
 
     PrototypeRef prototype;
@@ -183,10 +156,10 @@ private:
     Outcome Add(const std::string& iName, const PrototypeModel::Declaration& iDeclaration, const char* iRefusal)
     {
         const ValueModel value = DefaultValue(iDeclaration.type);
-        if (TypeOf(value).empty()) {
-            return Outcome::Error({}, iRefusal);
+        if (held.count(iName) == 0 && TypeOf(value).empty()) {
+            return Outcome::Error(0, iRefusal);
         }
-        held[iName] = {value, iDeclaration.nested};
+        held.insert({iName, {value, iDeclaration.nested}}); // changes nothing that is there
         return {};
     }
 };

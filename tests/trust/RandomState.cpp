@@ -1,0 +1,198 @@
+#include "RandomState.h"
+
+#include <limits>
+
+namespace {
+
+const std::string g_goodNames[] = {"width", "height", "rate", "title", "a", "A", "\xC3\xA9", "e\xCC\x81"};
+const std::string g_badNames[] = {"", "", "undeclared", "\xC3", "\xFF\xFE", "width ", std::string(3000, 'x')};
+const std::string g_badTypes[] = {"", "", "i", "int", "Float", "float ", "KELINT", "\xC0\x80"};
+
+unsigned char g_bytes[2];
+
+} // namespace
+
+RandomState::RandomState(Choices& ioChoices) : m_choices(ioChoices)
+{
+    for (PrototypeRef& prototype : m_prototypes) {
+        prototype = MakePrototype();
+    }
+    for (Set& set : m_sets) {
+        set.real = std::make_unique<ZrvProperties>();
+    }
+    for (Value& value : m_values) {
+        value.real = MakeValue(value.model = std::monostate());
+    }
+}
+
+RandomState::~RandomState()
+{
+    for (const PrototypeRef& prototype : m_prototypes) {
+        prototype->real->Release();
+    }
+    KELSetCheckFailureHandler(m_previous);
+}
+
+const std::string& RandomState::Name()
+{
+    return IsBad() ? Any(g_badNames) : Any(g_goodNames);
+}
+
+std::string RandomState::TypeName()
+{
+    const auto type = static_cast<ZrvPropertyType>(m_choices.Below(zrvPT_Undefined));
+    return IsBad() ? Any(g_badTypes) : Text(ZrvPropertyTypeConv::GetAsUnicode(type));
+}
+
+ValueModel RandomState::AnyValue()
+{
+    const auto number = static_cast<KELINT32>(m_choices.Below(5)) - 2;
+    const auto size = static_cast<std::size_t>(number + 2);
+    const float odd = number == 2 ? std::numeric_limits<float>::quiet_NaN() : static_cast<float>(number) * 0.5F;
+    unsigned char* const bytes[] = {nullptr, nullptr, nullptr, &g_bytes[0], &g_bytes[1]};
+    KELSysTSBaseUnknown* const objects[] = {nullptr, nullptr, &m_objects[0], &m_objects[1], &m_objects[2]};
+    const float lowest = odd == 0.0F ? -0.0F : odd;
+    const ValueModel values[] = {
+        bytes[size],       g_badNames[size], KELBoolean(number),       number,
+        KELUINT32(number), lowest,           static_cast<double>(odd), std::vector<float>(size, odd),
+        objects[size]};
+    return IsBad() ? ValueModel(std::monostate()) : Any(values);
+}
+
+const PrototypeRef& RandomState::Nested(int iOlderThan)
+{
+    const PrototypeRef& nested = Any(m_prototypes);
+    return m_choices.Below(2) == 0 && nested->age < iOlderThan ? nested : m_none;
+}
+
+void RandomState::Fail(const char* iWhat) const
+{
+    throw std::logic_error("step " + std::to_string(m_steps) + ", operation " + std::to_string(m_operation) + ": " +
+                           iWhat);
+}
+
+void RandomState::ExpectOutcome(ZrvRC iReal, const Outcome& iModel)
+{
+    m_counts.refused += iReal.IsError() || iModel.reports > 0 ? 1 : 0;
+    Expect(iReal.GetRC(), iModel.code, "code", iModel.reports);
+    Expect(Text(iReal.GetTrace()), iModel.trace, "trace");
+}
+
+void RandomState::ExpectPrototype(ZrvConstPropertiesPrototype* iReal, const PrototypeRef& iModel)
+{
+    Expect<ZrvConstPropertiesPrototype*>(iReal, RealOf(iModel), "prototype");
+    if (iReal) {
+        iReal->Release();
+    }
+}
+
+PrototypeRef RandomState::MakePrototype()
+{
+    ++m_age;
+    ZrvPrototypeImpl* const real = Do([this]() -> ZrvPrototypeImpl* {
+        if (m_age % 2 == 0) {
+            return new ZrvPrototypeImpl;
+        }
+        return new WatchedPrototype;
+    });
+    return std::make_shared<PrototypeModel>(m_age, real);
+}
+
+std::vector<std::string> RandomState::Order(const Set& iSet)
+{
+    KELListValKELUnicodeString names;
+    KELSysTSListOfUnicodeString narrow;
+    names.Append("first");
+    const int count = iSet.real->GetListProperties(names);
+    Expect(iSet.real->GetListProperties(narrow), count, "the two counts of names");
+    Expect(names.Size() == count + 1 && narrow.Size() == count && names[1] == "first", true, "sizes of the lists");
+    std::vector<std::string> order;
+    for (int position = 1; position <= count; ++position) {
+        order.push_back(Text(names[position + 1]));
+        Expect(std::string(narrow[position].ConvertToChar()), order.back(), "narrow name");
+    }
+    return order;
+}
+
+void RandomState::TakeOver(Set& ioSet, const Set& iSource, bool iIsAssigned)
+{
+    const SetModel old = iIsAssigned ? SetModel{iSource.model.prototype, {}} : ioSet.model;
+    SetModel& now = ioSet.model = old;
+    for (const std::string& name : Order(ioSet)) {
+        const ValueModel value = ReadValue(*ioSet.real->GetProperty(name.c_str()));
+        const auto isIn = [&](const SetModel& iModel) {
+            const auto found = iModel.held.find(name);
+            return found != iModel.held.end() && Describe(found->second.value) == Describe(value);
+        };
+        Expect(isIn(old) || isIn(iSource.model) || Describe(value) == Describe(DefaultValue(TypeOf(value))), true,
+               "what a copy leaves half-way");
+        if (now.held.count(name) == 0 && now.prototype) {
+            now.held[name].nested = now.prototype->declared.at(name).nested;
+        }
+        now.held[name].value = value;
+    }
+}
+
+void RandomState::CheckSet(const Set& iSet)
+{
+    std::map<std::string, std::string> held;
+    std::map<std::string, std::string> expected;
+    for (const std::string& name : Order(iSet)) {
+        held[name] = Describe(ReadValue(*iSet.real->GetProperty(name.c_str())));
+    }
+    for (const auto& [name, property] : iSet.model.held) {
+        expected[name] = Describe(property.value);
+    }
+    Expect(held, expected, "what a set holds");
+    ZrvConstPropertiesPrototype* prototype = nullptr;
+    ExpectOutcome(iSet.real->GetPrototype(prototype), {});
+    ExpectPrototype(prototype, iSet.model.prototype);
+}
+
+void RandomState::CheckPrototypes()
+{
+    for (const PrototypeRef& prototype : m_prototypes) {
+        Expect(static_cast<long>(CountOf(*prototype->real)), prototype.use_count(), "references on a prototype");
+    }
+    Expect(WatchedPrototype::s_alive, PrototypeModel::s_alive, "prototypes alive");
+}
+
+void RandomState::Check()
+{
+    std::map<KELSysTSBaseUnknown*, KELUINT32> counts;
+    const auto count = [&counts](const ValueModel& iValue) {
+        const auto* const held = std::get_if<KELSysTSBaseUnknown*>(&iValue);
+        ++counts[held ? *held : nullptr];
+    };
+    for (const Set& set : m_sets) {
+        CheckSet(set);
+        for (const auto& [name, property] : set.model.held) {
+            count(property.value);
+        }
+    }
+    for (const Value& value : m_values) {
+        Expect(Describe(ReadValue(*value.real)), Describe(value.model), "value");
+        count(value.model);
+    }
+    for (CountedObject& object : m_objects) {
+        Expect(CountOf(object), 1 + counts[&object], "references on an object");
+    }
+    CheckPrototypes();
+    for (const PrototypeRef& prototype : m_prototypes) {
+        KELListValKELUnicodeString names;
+        ExpectOutcome(prototype->real->GetListProperties(names), {});
+        Expect(static_cast<std::size_t>(names.Size()), prototype->declared.size(), "number of declarations");
+        for (const auto& [name, declaration] : prototype->declared) {
+            Expect(Text(prototype->real->GetPropertyType(name.c_str())), declaration.type, "declaration");
+        }
+    }
+    for (const Floats& floats : m_floats) {
+        Expect(Describe(ToModel(floats.real)), Describe(floats.model), "list");
+    }
+    std::map<std::string, int> met;
+    for (KELSYPHashMapIteratorHolder<KELUnicodeString, int> it(m_map); !it.IsDone(); it.Next()) {
+        met[Text(*it.CurrentItem()->pKey)] = *it.CurrentItem()->pValue;
+    }
+    Expect(met, m_mapModel, "what a walk over the map meets");
+    ExpectOutcome(m_code, m_codeModel);
+}

@@ -1,0 +1,141 @@
+#ifndef RandomState_H
+#define RandomState_H
+
+#include "CountedObject.h"
+#include "KELCheckFailure.h"
+#include "KELSYPHashMap.h"
+#include "Model.h"
+#include "OwnMemory.h"
+#include "RandomUse.h"
+
+#include <iterator>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+/// Real things, each with its model, and what random operations on them have in common.
+class RandomState {
+public:
+    explicit RandomState(Choices& ioChoices);
+    RandomState(const RandomState&) = delete;
+    RandomState& operator=(const RandomState&) = delete;
+    ~RandomState();
+
+    /// Compares everything with the models.
+    void Check();
+
+    const Counts& Counted() const { return m_counts; }
+
+protected:
+    struct Set {
+        std::unique_ptr<ZrvProperties> real;
+        SetModel model;
+    };
+    struct Value {
+        std::unique_ptr<ZrvPropertyValueBase> real;
+        ValueModel model;
+    };
+    struct Floats {
+        KELRawCollfloat real;
+        std::vector<float> model;
+    };
+
+    /// Arguments of operations.
+    /// @{
+    bool IsBad() { return m_isBad && m_choices.Below(2) == 0; }
+    template <class All>
+    auto& Any(All& ioAll)
+    {
+        return ioAll[m_choices.Below(std::size(ioAll))];
+    }
+    const std::string& Name();
+    std::string TypeName();
+    ValueModel AnyValue();
+    /// Only an older prototype is nested into another, so that no two keep each other alive.
+    const PrototypeRef& Nested(int iOlderThan);
+    static ZrvPrototypeImpl* RealOf(const PrototypeRef& iModel) { return iModel ? iModel->real : nullptr; }
+    /// @}
+
+    /// Each throws at a difference, one in the reports since the last comparison included.
+    /// @{
+    [[noreturn]] void Fail(const char* iWhat) const;
+    template <class T>
+    void Expect(const T& iReal, const T& iModel, const char* iWhat, int iReports = 0)
+    {
+        if (!(iReal == iModel) || std::exchange(s_reports, 0) != iReports) {
+            Fail(iWhat);
+        }
+    }
+    void ExpectOutcome(ZrvRC iReal, const Outcome& iModel);
+    void ExpectPrototype(ZrvConstPropertiesPrototype* iReal, const PrototypeRef& iModel); ///< Releases the reference.
+    void CheckSet(const Set& iSet);
+    void CheckPrototypes();
+    /// @}
+
+    /// Does something with the real things, at last. Before that, when memory is to fail, each allocation of it fails
+    /// once: the failure leaves it as an exception, and everything is still as the models say or as iRecover then makes
+    /// them.
+    template <class Operation, class Recover>
+    auto Do(const Operation& iOperation, const Recover& iRecover)
+    {
+        for (long allocation = 1;; ++allocation) {
+            OwnMemory::FailAt(m_memory == Memory::Behaves ? 0 : allocation, m_memory == Memory::FailsForGood);
+            try {
+                auto result = iOperation();
+                if (OwnMemory::Behave() > 0) {
+                    Fail("the failure did not leave the operation");
+                }
+                return result;
+            } catch (const std::bad_alloc&) {
+                m_counts.failures += OwnMemory::Behave() > 0 ? 1 : 0;
+                s_reports = 0;
+                iRecover();
+                Check();
+            }
+        }
+    }
+    template <class Operation>
+    auto Do(const Operation& iOperation)
+    {
+        return Do(iOperation, [] {});
+    }
+
+    /// The same with its model, which follows when it has happened.
+    template <class Operation, class Model>
+    void Both(const Operation& iOperation, const Model& iModel)
+    {
+        const ZrvRC rc = Do(iOperation);
+        ExpectOutcome(rc, iModel());
+    }
+
+    PrototypeRef MakePrototype();
+
+    /// The names that a set lists, which are the same in both kinds of lists.
+    std::vector<std::string> Order(const Set& iSet);
+
+    /// After a copy that was stopped half-way: what the set holds now is old, copied or a default. The model follows.
+    void TakeOver(Set& ioSet, const Set& iSource, bool iIsAssigned);
+
+    static inline int s_reports = 0;
+    const KELCheckFailureHandler m_previous = KELSetCheckFailureHandler([](const KELCheckFailure&) { ++s_reports; });
+    Choices& m_choices;
+    Memory m_memory = Memory::Behaves;
+    Counts m_counts;
+    int m_steps = 0;
+    std::size_t m_operation = 0;
+    bool m_isBad = false;
+    int m_age = 0; // of the newest prototype
+
+    const PrototypeRef m_none;
+    CountedObject m_objects[3];
+    PrototypeRef m_prototypes[4]; // each with the creator's reference
+    Set m_sets[4];
+    Value m_values[5];
+    Floats m_floats[3];
+    KELSYPHashMap<KELUnicodeString, int> m_map;
+    std::map<std::string, int> m_mapModel;
+    ZrvRC m_code;
+    Outcome m_codeModel;
+};
+
+#endif
