@@ -169,6 +169,7 @@ inline void KELSysSimpleHashTable::MakeRoom()
 {
     if (m_heads.empty()) {
         m_elements.reserve(kFirstElements);
+        m_heads.reserve(kFirstElements * kBucketsPerElement * 3 / 2); // never grows together with the elements
         m_heads.assign(kFirstElements * kBucketsPerElement, kNone);
         m_mask = m_heads.size() - 1;
     }
