@@ -192,7 +192,9 @@ void RandomState::Check()
     std::map<std::string, int> met;
     for (KELSYPHashMapIteratorHolder<KELUnicodeString, int> it(m_map); !it.IsDone(); it.Next()) {
         met[Text(*it.CurrentItem()->pKey)] = *it.CurrentItem()->pValue;
+        Expect<const int*>(m_map.Locate(*it.CurrentItem()->pKey), it.CurrentItem()->pValue, "where an entry is found");
     }
     Expect(met, m_mapModel, "what a walk over the map meets");
+    Expect(Text(m_text), m_textModel, "text");
     ExpectOutcome(m_code, m_codeModel);
 }

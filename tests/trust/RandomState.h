@@ -134,6 +134,8 @@ protected:
     Floats m_floats[3];
     KELSYPHashMap<KELUnicodeString, int> m_map;
     std::map<std::string, int> m_mapModel;
+    KELUnicodeString m_text;
+    std::string m_textModel;
     ZrvRC m_code;
     Outcome m_codeModel;
 };

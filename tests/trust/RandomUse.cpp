@@ -40,42 +40,32 @@ private:
         Any(m_sets) = std::move(copy);
     }
 
-    void AssignSet()
+    void CopyInto()
     {
         Set& set = Any(m_sets);
         const Set& source = Any(m_sets);
         const std::vector<std::string> order = Order(source);
-        Do([&] { return *set.real = *source.real, true; }, [&] { TakeOver(set, source, true); });
-        ExpectOutcome(ZrvRC(), set.model.Assign(source.model, order));
+        const bool isAssigned = m_choices.Below(2) == 0;
+        const auto copy = [&] {
+            return isAssigned ? (*set.real = *source.real, ZrvRC()) : set.real->SetFromProperties(*source.real);
+        };
+        const ZrvRC rc = Do(copy, [&] { TakeOver(set, source, isAssigned); });
+        ExpectOutcome(rc, isAssigned ? set.model.Assign(source.model, order) : set.model.Copy(source.model, order));
         CheckSet(set);
     }
 
-    void SetFrom()
-    {
-        Set& set = Any(m_sets);
-        const Set& source = Any(m_sets);
-        const std::vector<std::string> order = Order(source);
-        const ZrvRC rc =
-            Do([&] { return set.real->SetFromProperties(*source.real); }, [&] { TakeOver(set, source, false); });
-        ExpectOutcome(rc, set.model.Copy(source.model, order));
-        CheckSet(set);
-    }
-
-    void AddTyped()
+    void AddProperty()
     {
         Set& set = Any(m_sets);
         const std::string name = Name();
         const std::string type = TypeName();
         const PrototypeRef& nested = Nested(std::numeric_limits<int>::max());
-        Both([&] { return set.real->AddProperty(name.c_str(), type.c_str(), RealOf(nested)); },
-             [&] { return set.model.AddTyped(name, type, nested); });
-    }
-
-    void AddDeclared()
-    {
-        Set& set = Any(m_sets);
-        const std::string name = Name();
-        Both([&] { return set.real->AddProperty(name.c_str()); }, [&] { return set.model.AddDeclared(name); });
+        if (set.model.prototype ? !IsBad() : IsBad()) { // each kind of set has its way to add
+            Both([&] { return set.real->AddProperty(name.c_str()); }, [&] { return set.model.AddDeclared(name); });
+        } else {
+            Both([&] { return set.real->AddProperty(name.c_str(), type.c_str(), RealOf(nested)); },
+                 [&] { return set.model.AddTyped(name, type, nested); });
+        }
     }
 
     void SetValue()
@@ -112,15 +102,13 @@ private:
         Expect(real.GetPropertyParameters(name) == nullptr, true, "parameters", isHeld ? 0 : 1);
     }
 
-    template <class List>
     void ListNames()
     {
         const Set& set = Any(m_sets);
-        const int count = Do([&set] {
-            List names;
-            return set.real->GetListProperties(names);
-        });
-        Expect(count, static_cast<int>(set.model.held.size()), "count of names");
+        const auto count = [&set](auto iList) { return set.real->GetListProperties(iList); };
+        const int wide = Do([&count] { return count(KELListValKELUnicodeString()); });
+        const int narrow = Do([&count] { return count(KELSysTSListOfUnicodeString()); });
+        Expect(wide == narrow && wide == static_cast<int>(set.model.held.size()), true, "counts of names");
     }
 
     void NewPrototype()
@@ -139,20 +127,17 @@ private:
         const auto type = static_cast<ZrvPropertyType>(static_cast<int>(m_choices.Below(12)) - 1);
         const bool isNamed = m_choices.Below(2) == 0;
         const std::string typeName = isNamed ? TypeName() : Text(ZrvPropertyTypeConv::GetAsUnicode(type));
+        if (m_choices.Below(4) == 0) {
+            Both([&] { return prototype.real->RemoveProperty(name.c_str()); },
+                 [&] { return prototype.declared.erase(name) != 0 ? Outcome() : Outcome::Error(); });
+            return;
+        }
         Both(
             [&] {
                 return isNamed ? prototype.real->AddProperty(name.c_str(), typeName.c_str(), RealOf(nested))
                                : prototype.real->AddProperty(name.c_str(), type, RealOf(nested));
             },
             [&] { return prototype.Declare(name, typeName, nested); });
-    }
-
-    void Undeclare()
-    {
-        PrototypeModel& prototype = *Any(m_prototypes);
-        const std::string name = Name();
-        Both([&] { return prototype.real->RemoveProperty(name.c_str()); },
-             [&] { return prototype.declared.erase(name) != 0 ? Outcome() : Outcome::Error(); });
     }
 
     void QueryDeclaration()
@@ -223,7 +208,13 @@ private:
             break;
         case 3:
             if (position > 0) {
-                Do([&] { return floats.real[static_cast<int>(position)] = number, true; });
+                const KELRawCollfloat copy = Do([&] {
+                    float& lent = floats.real[static_cast<int>(position)];
+                    KELRawCollfloat taken = floats.real;
+                    lent = number; // the copy has elements of its own
+                    return taken;
+                });
+                Expect(Describe(ToModel(copy)), Describe(floats.model), "copy of a list that has lent an element");
                 floats.model[position - 1] = number;
             }
             break;
@@ -257,6 +248,18 @@ private:
         Expect(m_map.Size(), static_cast<int>(m_mapModel.size()), "Size");
     }
 
+    void UseText()
+    {
+        const std::string text = Name().substr(0, 9);
+        const bool isInFront = m_choices.Below(2) == 0;
+        if (m_textModel.size() > 200) {
+            m_text = KELUnicodeString();
+            m_textModel.clear();
+        }
+        Do([&] { return isInFront ? m_text.Insert(0, text.c_str()) : m_text.Append(text.c_str()); });
+        m_textModel = isInFront ? text + m_textModel : m_textModel + text;
+    }
+
     void UseCode()
     {
         const std::string text = Name().substr(0, 9);
@@ -274,48 +277,26 @@ private:
                      return m_codeModel = {code, merged, 0};
                  });
         }
-        std::string lines = text + trace;
-        for (std::size_t at = lines.find('\n'); at != lines.npos; at = lines.find('\n', at + 1 + text.size())) {
-            lines.insert(at + 1, text);
-        }
         KELUnicodeString prefix(text.c_str());
-        Expect(Text(Do([&] { return ZrvRC::InsertLinesBegin(m_code.GetTrace(), prefix); })), lines, "InsertLinesBegin");
+        const KELUnicodeString lines = Do([&] { return ZrvRC::InsertLinesBegin(trace.c_str(), prefix); });
+        Expect(Text(lines).substr(0, text.size()), text, "InsertLinesBegin");
         ExpectOutcome(m_code.Add(m_code), m_codeModel);
     }
 };
 
 void RandomUse::Step()
 {
-    using Use = RandomUse;
-    static constexpr void (Use::*kOperations[])() = {&Use::NewSet,
-                                                     &Use::CopySet,
-                                                     &Use::AssignSet,
-                                                     &Use::SetFrom,
-                                                     &Use::AddTyped,
-                                                     &Use::AddTyped,
-                                                     &Use::AddDeclared,
-                                                     &Use::AddDeclared,
-                                                     &Use::SetValue,
-                                                     &Use::SetValue,
-                                                     &Use::QueryName,
-                                                     &Use::NewPrototype,
-                                                     &Use::Declare,
-                                                     &Use::Declare,
-                                                     &Use::Declare,
-                                                     &Use::Undeclare,
-                                                     &Use::QueryDeclaration,
-                                                     &Use::NewValue,
-                                                     &Use::UseValues,
-                                                     &Use::UseValues,
-                                                     &Use::UseFloats,
-                                                     &Use::UseFloats,
-                                                     &Use::UseMap,
-                                                     &Use::UseMap,
-                                                     &Use::UseCode,
-                                                     &Use::ListNames<KELListValKELUnicodeString>,
-                                                     &Use::ListNames<KELSysTSListOfUnicodeString>};
+    // What changes much comes more often.
+    static constexpr void (RandomUse::*kOperations[])() = {
+        &RandomUse::NewSet,    &RandomUse::CopySet,          &RandomUse::CopyInto,  &RandomUse::AddProperty,
+        &RandomUse::SetValue,  &RandomUse::QueryName,        &RandomUse::ListNames, &RandomUse::NewPrototype,
+        &RandomUse::Declare,   &RandomUse::QueryDeclaration, &RandomUse::NewValue,  &RandomUse::UseValues,
+        &RandomUse::UseFloats, &RandomUse::UseMap,           &RandomUse::UseText,   &RandomUse::UseCode,
+    };
+    static constexpr std::size_t kWeighted[] = {0, 1, 2, 2,  3,  3,  3,  4,  4,  5,  6,  7,  8,
+                                                8, 8, 9, 10, 11, 11, 12, 12, 13, 13, 13, 14, 15};
     ++m_steps;
-    m_operation = m_choices.Below(std::size(kOperations));
+    m_operation = Any(kWeighted);
     m_isBad = m_choices.Below(2) == 0;
     (this->*kOperations[m_operation])();
     CheckPrototypes();

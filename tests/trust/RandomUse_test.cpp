@@ -20,11 +20,11 @@ long FromEnvironment(const char* iName, long iDefault)
 // A longer run, or one from another seed, is asked for by the environment.
 Counts UseForLong(long iOperations, Memory iMemory)
 {
-    constexpr long kOfOneUse = 16000;
+    const long ofOneUse = std::clamp(iOperations / 8, 1L, 16000L);
     Counts all;
     long seed = FromEnvironment("RANDOM_SEED", 1);
-    for (long left = iOperations; left > 0; left -= kOfOneUse, ++seed) {
-        SeededChoices choices(static_cast<std::uint64_t>(seed), std::min(left, kOfOneUse));
+    for (long left = iOperations; left > 0; left -= ofOneUse, ++seed) {
+        SeededChoices choices(static_cast<std::uint64_t>(seed), std::min(left, ofOneUse));
         try {
             const Counts counts = UseAtRandom(choices, iMemory);
             all.refused += counts.refused;

@@ -98,38 +98,33 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
 {
     ZrvPrototypeImpl nested;
     CountedObject object;
-    ZrvProperties set;
     ZrvProperties source;
+    ZrvProperties set;
     Fill(source, 3, 5);
+    Fill(set, 0, 0);
     set.AddProperty("object", "KELSysTSBaseUnknownPtr", &nested);
-    set.AddProperty("text", "KELUnicodeString", nullptr);
     g_reporting = &set;
     const KELCheckFailureHandler previous = KELSetCheckFailureHandler(&CallBack);
-    const Job change = [&](int iRound) {
-        const KELUnicodeString name = Numbered("name", iRound % 500);
-        Expect(set.AddProperty(name, "float", &nested).IsValid());
-        Expect(set.SetProperty(name, ZrvPropertyValue<float>(1.0F)).IsValid());
-        Expect(set.SetProperty("object", ZrvPropertyValue<KELSysTSBaseUnknown*>(iRound % 2 ? &object : nullptr))
-                   .IsValid());
-        Expect(set.SetProperty("text", ZrvPropertyValue<KELUnicodeString>(name)).IsValid());
-        Expect(set.SetFromProperties(source).IsValid());
+    const auto name = [](int iRound) { return Numbered("name", iRound % 500); };
+    const Job add = [&](int iRound) { Expect(set.AddProperty(name(iRound), "float", &nested).IsValid()); };
+    const Job setText = [&](int iRound) {
+        Expect(set.SetProperty("text", ZrvPropertyValue<KELUnicodeString>(name(iRound))).IsValid());
     };
-    const Job read = [&](int iRound) {
-        const KELUnicodeString name = Numbered("name", iRound % 500);
+    const Job setObject = [&](int iRound) {
+        const ZrvPropertyValue<KELSysTSBaseUnknown*> value(iRound % 2 ? &object : nullptr);
+        Expect(set.SetProperty("object", value).IsValid() && set.SetFromProperties(source).IsValid());
+    };
+    const Job list = [&](int) {
         KELListValKELUnicodeString names;
         KELSysTSListOfUnicodeString narrow;
-        ZrvConstPropertiesPrototype* none = nullptr;
         Expect(set.GetListProperties(names) >= 2 && set.GetListProperties(narrow) >= 2);
-        Expect(set.GetAvailability(name) != ZrvProperties::zrvPA_Unavailable);
-        Expect(!set.HasProperty(name) || (set.GetPropertyType(name) == "float" && set.GetProperty(name)));
-        Expect(set.GetPropertyParameters("object") == nullptr);
-        Expect(set.SetProperty("missing", ZrvPropertyValue<float>(1.0F)).IsError());
-        Expect(set.GetPrototype(none).IsValid() && !none);
     };
-    const Job fail = [&](int) {
-        Expect(set.SetProperty("text", ZrvPropertyValue<float>(1.0F)).IsError());
-        Expect(set.AddProperty("text").IsError());
-        Expect(set.GetAvailability("") == ZrvProperties::zrvPA_Unavailable);
+    const Job query = [&](int iRound) {
+        ZrvConstPropertiesPrototype* none = nullptr;
+        Expect(set.GetPrototype(none).IsValid() && !none && !set.GetPropertyParameters("object"));
+        Expect(set.GetAvailability(name(iRound)) != ZrvProperties::zrvPA_Unavailable);
+        Expect(!set.HasProperty(name(iRound)) ||
+               (set.GetPropertyType(name(iRound)) == "float" && set.GetProperty(name(iRound))));
     };
     const Job copy = [&](int) {
         const ZrvProperties constructed(set);
@@ -138,13 +133,15 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
         Expect(constructed.GetPropertyType("object") == "KELSysTSBaseUnknownPtr" && assigned.HasProperty("text"));
         Expect(assigned.SetFromProperties(set).IsValid());
     };
-    RunTogether({change, change, read, fail, copy});
+    const Job fail = [&](int) {
+        Expect(set.SetProperty("text", ZrvPropertyValue<float>(1.0F)).IsError() && set.AddProperty("text").IsError());
+        Expect(set.GetAvailability("") == ZrvProperties::zrvPA_Unavailable);
+    };
+    RunTogether({add, add, setText, setObject, list, query, copy, fail});
     KELSetCheckFailureHandler(previous);
-    EXPECT_GE(g_reports, 3);
-    EXPECT_TRUE(set.HasProperty("name0") && set.GetPropertyType("reported") == "KELINT32");
+    EXPECT_TRUE(g_reports >= 3 && set.HasProperty("name0") && set.GetPropertyType("reported") == "KELINT32");
     set = ZrvProperties();
-    EXPECT_EQ(CountOf(nested), 1U);
-    EXPECT_EQ(CountOf(object), 1U);
+    EXPECT_TRUE(CountOf(nested) == 1 && CountOf(object) == 1);
 }
 
 TEST_F(Threads, CopyBetweenSetsInEveryDirection)
@@ -178,8 +175,8 @@ TEST_F(Threads, ReadWhileAssigned)
         KELListValKELUnicodeString names;
         const int count = set.GetListProperties(names);
         Expect((count == 3 || count == 10) && set.HasProperty("number0") && set.GetProperty("number1"));
-        Expect(set.GetPropertyType("text") == "KELUnicodeString" && !set.GetProperty("missing"));
-        Expect(set.GetAvailability("text") == ZrvProperties::zrvPA_Instantiated && !set.GetPropertyParameters("text"));
+        Expect(set.GetPropertyType("text") == "KELUnicodeString" && !set.GetPropertyParameters("text"));
+        Expect(set.GetAvailability("text") == ZrvProperties::zrvPA_Instantiated);
         Expect(set.SetProperty("missing", ZrvPropertyValue<float>(1.0F)).IsError());
     };
     const Job copy = [&](int) {
@@ -199,26 +196,21 @@ TEST_F(Threads, SharePrototypes)
     ZrvPrototypeImpl prototype;
     prototype.AddProperty("point", zrvPT_BytePtr, &nested);
     const KELUnicodeString name("point"); // its text is shared by all threads
-    ZrvProperties shared(&prototype);     // is assigned while its prototype is asked for
+    ZrvProperties shared(&prototype);     // is assigned while it is asked for its prototype
     const Job use = [&](int) {
         ZrvProperties set(&prototype);
-        Expect(set.AddProperty(name).IsValid());
-        const ZrvProperties copy(set);
-        shared = copy;
-        for (const ZrvProperties* each : {&copy, static_cast<const ZrvProperties*>(&shared)}) {
-            ZrvConstPropertiesPrototype* taken = nullptr;
-            Expect(each->GetPrototype(taken).IsValid() && taken == &prototype);
-            ZrvConstPropertiesPrototype* const inner = taken->GetPropertyPrototype(name);
-            Expect(inner == &nested && inner->HasProperty("x").IsValid());
-            inner->Release();
-            taken->Release();
-        }
-        Expect(shared.AddProperty(name).IsValid());
+        Expect(set.AddProperty(name).IsValid() && shared.AddProperty(name).IsValid());
+        shared = ZrvProperties(set);
+        ZrvConstPropertiesPrototype* taken = nullptr;
+        Expect(shared.GetPrototype(taken).IsValid() && taken == &prototype);
+        ZrvConstPropertiesPrototype* const inner = taken->GetPropertyPrototype(name);
+        Expect(inner == &nested && inner->HasProperty("x").IsValid());
+        inner->Release();
+        taken->Release();
     };
     RunTogether({use, use, use, use});
     shared = ZrvProperties();
-    EXPECT_EQ(CountOf(nested), 2U);
-    EXPECT_EQ(CountOf(prototype), 1U);
+    EXPECT_TRUE(CountOf(nested) == 2 && CountOf(prototype) == 1);
 }
 
 TEST_F(Threads, ShareTextsAndFloats)
@@ -229,19 +221,17 @@ TEST_F(Threads, ShareTextsAndFloats)
     const KELRawCollfloat floats(made);
     const Job use = [&](int iRound) {
         KELUnicodeString copy = text;
-        copy.Append(Numbered(" ", iRound));
-        Expect(copy != text && copy.SearchSubString(text, 0, 1) == 0);
-        copy = text;
+        Expect(copy.Append(Numbered(" ", iRound)) != text && copy.SearchSubString(text, 0, 1) == 0);
         KELRawCollfloat list = floats;
         list.Append(2.0F);
         KELRawCollfloat other = list;
         other[1] = 3.0F;
         Expect(list[1] == 1.0F && list.Size() == 6 && other[1] == 3.0F);
+        copy = text;
         list = floats;
     };
     RunTogether({use, use, use, use});
-    EXPECT_EQ(text, "a text that all threads share");
-    EXPECT_TRUE(floats.Size() == 5 && floats[1] == 1.0F);
+    EXPECT_TRUE(text == "a text that all threads share" && floats.Size() == 5 && floats[1] == 1.0F);
 }
 
 } // namespace
