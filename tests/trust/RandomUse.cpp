@@ -298,7 +298,8 @@ void RandomUse::Step()
     ++m_steps;
     m_operation = Any(kWeighted);
     m_isBad = m_choices.Below(2) == 0;
-    (this->*kOperations[m_operation])();
+    const auto run = kOperations[m_operation];
+    (this->*run)();
     CheckPrototypes();
     if (m_steps % 64 == 0) {
         Check();
