@@ -1,7 +1,12 @@
 #ifndef AllocationCount_H
 #define AllocationCount_H
 
-/// How many times the program has allocated memory so far. Counted by an operator new of the program's own.
-int AllocationCount();
+#include "OwnMemory.h"
+
+/// How many times the program has allocated memory so far.
+inline int AllocationCount()
+{
+    return static_cast<int>(OwnMemory::Allocations());
+}
 
 #endif

@@ -152,7 +152,7 @@ private:
         const ZrvPrototypeImpl& real = *prototype.real;
         ExpectOutcome(real.HasProperty(name), outcome);
         Expect(Text(real.GetPropertyType(name)), declaration.type, "declared type name");
-        Expect<std::size_t>(real.GetPropertyAsType(name), DefaultValue(declaration.type).index(), "declared type");
+        Expect(static_cast<std::size_t>(real.GetPropertyAsType(name)), DefaultValue(declaration.type).index(), "type");
         ExpectPrototype(real.GetPropertyPrototype(name), declaration.nested);
         ZrvConstPropertiesPrototype* nested = nullptr;
         ExpectOutcome(prototype.real->GetPropertyPrototype(name, nested), outcome);
