@@ -61,6 +61,15 @@ void* operator new(std::size_t iSize)
     return memory;
 }
 
+void* operator new(std::size_t iSize, const std::nothrow_t&) noexcept
+{
+    try {
+        return ::operator new(iSize);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* iMemory) noexcept
 {
     g_live -= iMemory ? 1 : 0;
