@@ -1,11 +1,11 @@
 #ifndef KELSYPEntryPool_H
 #define KELSYPEntryPool_H
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <new>
 #include <utility>
-#include <vector>
 
 /// Memory for the entries of one map: blocks of one size, cut from chunks, so that few entries cost an allocation.
 ///
@@ -20,45 +20,61 @@ public:
 
     KELSYPEntryPool(const KELSYPEntryPool&) = delete;
     KELSYPEntryPool& operator=(const KELSYPEntryPool&) = delete;
-    ~KELSYPEntryPool() = default;
+
+    ~KELSYPEntryPool()
+    {
+        while (m_lastChunk) { // one by one: chunks that freed each other would do so on top of each other
+            m_lastChunk = std::move(m_lastChunk->previous);
+        }
+    }
 
     /// A block, aligned for any object. Throws the standard allocation failure, and the pool is then as it was.
     void* Take()
     {
-        if (!m_free) {
+        if (m_free) {
+            return std::exchange(m_free, m_free->next);
+        }
+        if (m_next == m_end) {
             AddChunk();
         }
-        return std::exchange(m_free, m_free->next);
+        return std::exchange(m_next, m_next + m_blockSize);
     }
 
     void Give(void* iBlock) noexcept { m_free = ::new (iBlock) FreeBlock{m_free}; }
 
 private:
     static constexpr std::size_t kAlignment = alignof(std::max_align_t);
-    static constexpr std::size_t kFirstBlocks = 8;
+    static constexpr std::size_t kFewestBlocks = 8; // of a chunk; so few that its memory is at hand in most allocators
     static constexpr std::size_t kMostBlocks = 64;
 
     struct FreeBlock {
         FreeBlock* next;
     };
 
+    // The blocks lie behind it, in the same allocation.
+    struct alignas(kAlignment) Chunk {
+        static void* operator new(std::size_t iSize, std::size_t iBytes) { return ::operator new(iSize + iBytes); }
+        static void operator delete(void* iChunk) noexcept { ::operator delete(iChunk); }
+
+        std::unique_ptr<Chunk> previous;
+    };
+
     void AddChunk()
     {
-        auto chunk = std::make_unique_for_overwrite<std::byte[]>(m_nextBlocks * m_blockSize);
-        std::byte* const first = chunk.get();
-        m_chunks.push_back(std::move(chunk));
-        for (std::size_t i = m_nextBlocks; i-- > 0;) { // backwards, so that blocks are taken in the order of memory
-            Give(first + i * m_blockSize);
-        }
-        if (m_nextBlocks < kMostBlocks) {
-            m_nextBlocks *= 2;
-        }
+        const std::size_t blocks = std::clamp(m_blocks / 2, kFewestBlocks, kMostBlocks);
+        auto* const chunk = new (blocks * m_blockSize) Chunk{std::move(m_lastChunk)};
+        m_lastChunk.reset(chunk);
+        m_blocks += blocks;
+        m_next = reinterpret_cast<std::byte*>(chunk + 1);
+        m_end = m_next + blocks * m_blockSize;
     }
 
-    std::vector<std::unique_ptr<std::byte[]>> m_chunks;
-    FreeBlock* m_free = nullptr;
+    std::unique_ptr<Chunk> m_lastChunk;
+    FreeBlock* m_free = nullptr; // given back
+    std::byte* m_next = nullptr; // never taken: the rest of the last chunk, up to m_end
+    std::byte* m_end = nullptr;
+    std::size_t m_blocks = 0; // of all chunks
     std::size_t m_blockSize;
-    std::size_t m_nextBlocks = kFirstBlocks;
 };
 
 #endif
