@@ -7,7 +7,14 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ostream>
 #include <stdexcept>
+
+// For the names of tests.
+static void PrintTo(Memory iMemory, std::ostream* oStream)
+{
+    *oStream << (iMemory == Memory::FailsOnce ? "fails once" : "fails for good");
+}
 
 namespace {
 
