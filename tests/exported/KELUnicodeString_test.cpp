@@ -23,8 +23,8 @@ TEST(KELUnicodeString, CountsCodePointsAndIllFormedBytes)
         {"\x80", 1},
         {"\xC3", 1},
         {"\xC3z", 2},
-        {"\xC0\xAF", 2},     // overlong
-        {"\xC1\xBF", 2},     // overlong
+        {"\xC0\xAF", 2}, // overlong
+        {"\xC1\xBF", 2}, // overlong
         {"\xC2\x80", 1},
         {"\xE0\x9F\xBF", 3}, // overlong
         {"\xE0\xA0\x80", 1},
