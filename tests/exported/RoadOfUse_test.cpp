@@ -39,15 +39,20 @@ TYPED_TEST(RoadOfUse, FromPrototypeToCopy)
 
         ZrvProperties free;
         EXPECT_TRUE(free.SetFromProperties(set) == ZrvRC::zrvEC_OK);
-        EXPECT_TRUE(free.GetProperty("value")->IsPurelyIdenticalTo(*held));
+        const ZrvPropertyValueBase* taken = free.GetProperty("value");
+        EXPECT_TRUE(taken->IsPurelyIdenticalTo(*held));
         ZrvProperties assigned;
         assigned = set;
-        EXPECT_TRUE(assigned.GetProperty("value")->IsPurelyIdenticalTo(*held));
-        EXPECT_EQ(CountOf(prototype), 3U);
-        EXPECT_EQ(CountOf(nested), 4U)
+        const ZrvProperties copy(assigned);
+        EXPECT_TRUE(copy.GetProperty("value")->IsPurelyIdenticalTo(*held));
+        EXPECT_EQ(CountOf(prototype), 4U);
+        EXPECT_EQ(CountOf(nested), 5U)
             << "a set that follows a prototype takes the nested one from it, a free set none";
         set.SetProperty("value", Value(samples.first));
-        EXPECT_FALSE(assigned.GetProperty("value")->IsPurelyIdenticalTo(*held)) << "a copy of its own";
+        EXPECT_FALSE(copy.GetProperty("value")->IsPurelyIdenticalTo(*held)) << "a copy of its own";
+        EXPECT_TRUE(free.SetFromProperties(set) == ZrvRC::zrvEC_OK);
+        EXPECT_EQ(free.GetProperty("value"), taken) << "assigned in place";
+        EXPECT_TRUE(taken->IsPurelyIdenticalTo(*held));
     }
     EXPECT_EQ(CountOf(prototype), 1U);
     EXPECT_EQ(CountOf(nested), 2U);
