@@ -109,7 +109,7 @@ private:
     template <class IsProbe>
     int Find(unsigned int iHash, const IsProbe& iIsProbe) const
     {
-        if (m_elements.empty()) {
+        if (m_heads.empty()) {
             return kNone;
         }
         int index = m_heads[Bucket(iHash)];

@@ -164,9 +164,9 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
         return ZrvRC::zrvEC_Error;
     }
     const ZrvPropertyDefinition* definition = GetPlainDefinition_Int(iPropertyName);
-    if (definition && definition->GetType().GetLengthInChar() > 0 && !m_propertyMap.Contains(iPropertyName)) {
-        return Instantiate_Int(iPropertyName, definition->GetType(), definition->PeekPrototype()) ? ZrvRC::zrvEC_OK
-                                                                                                  : ZrvRC::zrvEC_Error;
+    if (definition && definition->PeekType().GetLengthInChar() > 0 && !m_propertyMap.Contains(iPropertyName)) {
+        return Instantiate_Int(iPropertyName, definition->PeekType(), definition->PeekPrototype()) ? ZrvRC::zrvEC_OK
+                                                                                                   : ZrvRC::zrvEC_Error;
     }
     const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName);
     if (!g_check.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable, g_isAvailable)) {

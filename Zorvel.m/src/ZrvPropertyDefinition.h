@@ -32,8 +32,12 @@ public:
     /// The nested prototype with a reference added for the caller, who releases it, or null.
     ZrvConstPropertiesPrototype* GetPrototype() const { return m_pPropertyPrototype.Share(); }
 
-    /// The nested prototype, borrowed, or null.
+    /// The same without a copy or a reference of the caller's own: valid as long as the definition. The prototype may
+    /// be null.
+    /// @{
+    const KELUnicodeString& PeekType() const { return m_type; }
     ZrvConstPropertiesPrototype* PeekPrototype() const { return m_pPropertyPrototype.Get(); }
+    /// @}
 
 private:
     KELUnicodeString m_type;
