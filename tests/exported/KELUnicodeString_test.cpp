@@ -9,50 +9,31 @@ namespace {
 
 TEST(KELUnicodeString, CountsCodePointsAndIllFormedBytes)
 {
-    struct Case {
-        const char* bytes;
-        int characters;
+    // For each number of characters, texts that have it.
+    const std::vector<const char*> texts[] = {
+        {""},
+        {"\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\x80", "\xC3", "\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF",
+         "\xEE\x80\x80", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"},
+        {"\xC3z", "\xC0\xAF", "\xC1\xBF", "\xE2\x82", "\xFF\xFE"},            // overlong and cut short
+        {"abc", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82z", "\xF0\x9F\x98"}, // overlong, surrogate, cut short
+        {"\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"},         // overlong, beyond the last
+        {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"},
     };
-    const Case cases[] = {
-        {"", 0},
-        {"abc", 3},
-        {"\xC3\xA9", 1},
-        {"\xE2\x82\xAC", 1},
-        {"\xF0\x9F\x98\x80", 1},
-        {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", 5},
-        {"\x80", 1},
-        {"\xC3", 1},
-        {"\xC3z", 2},
-        {"\xC0\xAF", 2}, // overlong
-        {"\xC1\xBF", 2}, // overlong
-        {"\xC2\x80", 1},
-        {"\xE0\x9F\xBF", 3}, // overlong
-        {"\xE0\xA0\x80", 1},
-        {"\xED\x9F\xBF", 1},
-        {"\xED\xA0\x80", 3}, // surrogate
-        {"\xEE\x80\x80", 1},
-        {"\xF0\x8F\xBF\xBF", 4}, // overlong
-        {"\xF0\x90\x80\x80", 1},
-        {"\xF4\x8F\xBF\xBF", 1},
-        {"\xF4\x90\x80\x80", 4}, // beyond the last code point
-        {"\xF5\x80\x80\x80", 4},
-        {"\xE2\x82", 2}, // cut short
-        {"\xE2\x82z", 3},
-        {"\xF0\x9F\x98", 3},
-        {"\xFF\xFE", 2},
-    };
-    for (const Case& c : cases) {
-        const KELUnicodeString text(c.bytes);
-        EXPECT_EQ(text.GetLengthInChar(), c.characters) << c.bytes;
-        EXPECT_STREQ(text.ConvertToChar(), c.bytes);
+    for (int characters = 0; characters < 6; ++characters) {
+        for (const char* bytes : texts[characters]) {
+            const KELUnicodeString text(bytes);
+            EXPECT_EQ(text.GetLengthInChar(), characters) << ::testing::PrintToString(bytes);
+            EXPECT_STREQ(text.ConvertToChar(), bytes);
+        }
     }
     EXPECT_EQ(KELUnicodeString(nullptr), KELUnicodeString());
-    EXPECT_STREQ(KELUnicodeString().ConvertToChar(), "");
+    EXPECT_EQ(KELUnicodeString("a\0b", 3).GetLengthInChar(), 3);
 }
 
 TEST(KELUnicodeString, ComparesExactlyAndSortsByCodePoint)
 {
-    const char* const sorted[] = {"", "A", "AB", "B", "a", "\xC3\xA9", "\xEF\xBF\xBD", "\xF0\x9F\x98\x80"};
+    const char* const sorted[] = {"",  "12345678", "123456789", "A",        "AB",           "B",
+                                  "a", "texs",     "text",      "\xC3\xA9", "\xEF\xBF\xBD", "\xF0\x9F\x98\x80"};
     for (const char* const& left : sorted) {
         for (const char* const& right : sorted) {
             const KELUnicodeString one(left);
@@ -60,12 +41,9 @@ TEST(KELUnicodeString, ComparesExactlyAndSortsByCodePoint)
             EXPECT_EQ(one.Compare(other), &left == &right ? 2 : &left < &right ? 0 : 1) << left << " " << right;
             EXPECT_EQ(one == other, &left == &right);
             EXPECT_EQ(one != other, &left != &right);
+            EXPECT_EQ(one.ComputeHashKey() == other.ComputeHashKey(), &left == &right);
         }
     }
-    const KELUnicodeString text("text");
-    EXPECT_EQ(text.ComputeHashKey(), KELUnicodeString("text").ComputeHashKey());
-    EXPECT_NE(text.ComputeHashKey(), KELUnicodeString("texs").ComputeHashKey());
-    EXPECT_NE(KELUnicodeString("12345678").ComputeHashKey(), KELUnicodeString("123456789").ComputeHashKey());
 }
 
 TEST(KELUnicodeString, AppendAndInsertLeaveOtherHoldersAlone)
@@ -73,28 +51,23 @@ TEST(KELUnicodeString, AppendAndInsertLeaveOtherHoldersAlone)
     KELUnicodeString text("caf\xC3\xA9");
     const KELUnicodeString shared(text);
     EXPECT_EQ(&text.Append("!"), &text);
-    EXPECT_EQ(text, KELUnicodeString("caf\xC3\xA9!"));
-    EXPECT_EQ(shared, KELUnicodeString("caf\xC3\xA9"));
-    text.Append(text);
-    EXPECT_EQ(text, KELUnicodeString("caf\xC3\xA9!caf\xC3\xA9!"));
-    text.Append(KELUnicodeString());
-    EXPECT_EQ(text.GetLengthInChar(), 10);
-
+    text.Append(text).Append(KELUnicodeString());
+    EXPECT_STREQ(text.ConvertToChar(), "caf\xC3\xA9!caf\xC3\xA9!");
+    EXPECT_STREQ(shared.ConvertToChar(), "caf\xC3\xA9");
     struct Case {
+        const char* text;
         int position;
+        const char* added;
         const char* result;
     };
-    for (const Case& c : {Case{0, "_caf\xC3\xA9"}, Case{3, "caf_\xC3\xA9"}, Case{4, "caf\xC3\xA9_"},
-                          Case{-1, "_caf\xC3\xA9"}, Case{99, "caf\xC3\xA9_"}}) {
-        KELUnicodeString inserted(shared);
-        EXPECT_EQ(inserted.Insert(c.position, "_"), KELUnicodeString(c.result)) << c.position;
+    for (const Case& c : {Case{"caf\xC3\xA9", 0, "_", "_caf\xC3\xA9"}, Case{"caf\xC3\xA9", 3, "_", "caf_\xC3\xA9"},
+                          Case{"caf\xC3\xA9", 4, "_", "caf\xC3\xA9_"}, Case{"caf\xC3\xA9", -1, "_", "_caf\xC3\xA9"},
+                          Case{"\xC3\xA9x", 1, "_", "\xC3\xA9_x"}, Case{"abcd", 2, "_", "ab_cd"},
+                          Case{"abcd", 99, "_", "abcd_"}, Case{"", 5, "x", "x"}, Case{"\xC3", 1, "\xA9", "\xC3\xA9"}}) {
+        KELUnicodeString inserted(c.text);
+        EXPECT_EQ(inserted.Insert(c.position, c.added), KELUnicodeString(c.result)) << c.result;
+        EXPECT_EQ(inserted.GetLengthInChar(), KELUnicodeString(c.result).GetLengthInChar());
     }
-    KELUnicodeString half("\xC3");
-    half.Append("\xA9");
-    EXPECT_EQ(half.GetLengthInChar(), 1) << "two bytes that meet make a character";
-    KELUnicodeString ascii("abcd");
-    EXPECT_EQ(ascii.Insert(2, "_"), KELUnicodeString("ab_cd"));
-    EXPECT_EQ(KELUnicodeString().Insert(5, "x"), KELUnicodeString("x"));
 }
 
 TEST(KELUnicodeString, SearchFindsWholeCharacters)
@@ -134,19 +107,14 @@ TEST(KELUnicodeString, CopiesShareAndMovesTake)
 {
     KELUnicodeString text("some text");
     KELUnicodeString copy(text);
-    EXPECT_EQ(copy.ConvertToChar(), text.ConvertToChar());
     KELUnicodeString assigned("other");
     assigned = copy;
+    assigned = std::as_const(assigned);
+    EXPECT_EQ(copy.ConvertToChar(), text.ConvertToChar());
     EXPECT_EQ(assigned.ConvertToChar(), text.ConvertToChar());
-    const KELUnicodeString& alias = assigned;
-    assigned = alias;
-    EXPECT_EQ(assigned, text);
     const KELUnicodeString moved(std::move(copy));
-    copy = KELUnicodeString("again");
-    EXPECT_EQ(moved, text);
-    text = KELUnicodeString();
-    EXPECT_STREQ(moved.ConvertToChar(), "some text") << "kept by its last holders";
-    EXPECT_EQ(KELUnicodeString("a\0b", 3).GetLengthInChar(), 3);
+    text = copy = assigned = KELUnicodeString();
+    EXPECT_STREQ(moved.ConvertToChar(), "some text") << "kept by its last holder";
 }
 
 } // namespace

@@ -1,17 +1,13 @@
 #include "ZrvPropertyValue.h"
 
-#include "CheckRecorder.h"
 #include "NineTypes.h"
-
-#include <gtest/gtest.h>
+#include "ReportingTest.h"
 
 #include <limits>
 #include <memory>
-#include <string>
+#include <tuple>
 
 namespace {
-
-constexpr char kFile[] = "ZrvPropertyValueBase";
 
 /// A value of a caller's own, which leaves to the base what it does not need.
 class NamedValue : public ZrvPropertyValueBase {
@@ -48,163 +44,128 @@ public:
     mutable int valueQuestions = 0;
 };
 
-void ExpectRefused(ZrvRC iRc)
-{
-    EXPECT_EQ(iRc.GetRC(), ZrvRC::zrvEC_Error);
-    EXPECT_STREQ(iRc.Dump(), "");
-}
+using ZrvPropertyValueBaseTest = ReportingTest;
 
-TEST(ZrvPropertyValueBase, IsAValueWithoutType)
+TEST_F(ZrvPropertyValueBaseTest, IsAValueWithoutType)
 {
-    CheckRecorder reports;
     ZrvPropertyValueBase value;
-    EXPECT_EQ(value.GetType().GetLengthInChar(), 0);
-    EXPECT_EQ(value.Duplicate(), nullptr);
+    EXPECT_EQ(Answer(value.GetType()), "''");
+    EXPECT_EQ(Answer(value.Duplicate()), "null");
     EXPECT_FALSE(value.IsPurelyIdenticalTo(value));
-    EXPECT_EQ(reports.Take(), Nothing());
-    ExpectRefused(value.SetValueFromProperty(ZrvPropertyValue<float>(1)));
-    EXPECT_EQ(reports.Take(), Message("Property value wihtout type cannot be set.", kFile));
-    ExpectRefused(NamedValue("float").SetValueFromProperty(value));
-    EXPECT_EQ(reports.Take(), Condition("GetType().GetLengthInChar()<=0", kFile));
+    EXPECT_EQ(Answer(value.SetValueFromProperty(ZrvPropertyValue<float>(1))),
+              "error [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
+    EXPECT_EQ(Answer(NamedValue("float").SetValueFromProperty(value)),
+              "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
 }
 
-TEST(ZrvPropertyValueBase, FreeFunctions)
+TEST_F(ZrvPropertyValueBaseTest, FreeFunctions)
 {
-    EXPECT_EQ(ZrvPropertyValue_GetStringType(), KELUnicodeString("KELUnicodeString"));
+    EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
     EXPECT_TRUE(ZrvPropertyValue_StringComparator("KELINT32", std::string("KELINT32").c_str()));
     EXPECT_FALSE(ZrvPropertyValue_StringComparator("KELINT32", "KELUINT32"));
-    KELRawCollfloat empty;
-    KELRawCollfloat zeros;
-    zeros.Size(2, 0.0F);
-    KELRawCollfloat ones;
-    ones.Size(2, 1.0F);
-    EXPECT_TRUE(ZrvPropertyValue_LstFloatComparator(empty, KELRawCollfloat(7)));
-    EXPECT_FALSE(ZrvPropertyValue_LstFloatComparator(empty, zeros));
-    EXPECT_FALSE(ZrvPropertyValue_LstFloatComparator(zeros, ones));
-    EXPECT_TRUE(ZrvPropertyValue_LstFloatComparator(zeros, KELRawCollfloat(zeros)));
+    KELRawCollfloat lists[4]; // empty, {0, 0}, {1, 1}, {0, 0}
+    lists[1].Size(2, 0.0F);
+    lists[2].Size(2, 1.0F);
+    lists[3].Size(2, 0.0F);
+    for (int i = 0; i < 4; ++i) {
+        for (int j = 0; j < 4; ++j) {
+            EXPECT_EQ(ZrvPropertyValue_LstFloatComparator(lists[i], lists[j]), i == j || i * j == 3) << i << " " << j;
+        }
+    }
 }
 
 template <class T>
-class TypedValues : public ::testing::Test {
+class TypedValues : public ReportingTest {
 protected:
-    Samples<T> samples;
+    using Value = ZrvPropertyValue<T>;
+
+    const Samples<T> samples;
+    Value value{samples.first};
 };
-TYPED_TEST_SUITE(TypedValues, NineTypes);
+TYPED_TEST_SUITE(TypedValues, NineTypes<::testing::Types>);
 
 TYPED_TEST(TypedValues, SetGetDuplicateAndCompare)
 {
-    using Value = ZrvPropertyValue<TypeParam>;
-    Value value(this->samples.first);
-    EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(value.GetType()), Value::kType);
-
-    const std::unique_ptr<ZrvPropertyValueBase> copy(value.Duplicate());
-    EXPECT_NE(dynamic_cast<Value*>(copy.get()), nullptr);
-    EXPECT_TRUE(value.IsPurelyIdenticalTo(*copy));
-
-    ZrvRC rc = value.SetValue(this->samples.second);
-    EXPECT_TRUE(rc == ZrvRC::zrvEC_OK);
-    EXPECT_FALSE(value.IsPurelyIdenticalTo(*copy));
-    EXPECT_TRUE(copy->IsPurelyIdenticalTo(Value(this->samples.first))) << "a copy of its own";
-
-    rc = copy->SetValueFromProperty(value);
-    EXPECT_TRUE(rc == ZrvRC::zrvEC_OK);
-    EXPECT_STREQ(rc.Dump(), "");
-    EXPECT_TRUE(value.IsPurelyIdenticalTo(*copy));
+    const std::unique_ptr<ZrvPropertyValueBase> copy(this->value.Duplicate());
+    EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(this->value.GetType()), this->value.kType);
+    EXPECT_TRUE(this->value.IsPurelyIdenticalTo(*copy));
+    EXPECT_EQ(this->Answer(this->value.SetValue(this->samples.second)), "ok");
+    EXPECT_FALSE(this->value.IsPurelyIdenticalTo(*copy)) << "a copy of its own";
+    EXPECT_FALSE(copy->IsPurelyIdenticalTo(this->value));
+    EXPECT_EQ(this->Answer(copy->SetValueFromProperty(this->value)), "ok");
+    EXPECT_TRUE(this->value.IsPurelyIdenticalTo(*copy));
+    EXPECT_TRUE(ZrvPropertyValue<TypeParam>(Read<TypeParam>(copy.get())).IsPurelyIdenticalTo(this->value));
 }
+
+template <class... T>
+using OneOfEach = std::tuple<ZrvPropertyValue<T>...>;
 
 TYPED_TEST(TypedValues, RefuseEveryOtherType)
 {
-    CheckRecorder reports;
-    const ZrvPropertyValue<TypeParam> untouched(this->samples.first);
-    ZrvPropertyValue<TypeParam> value(untouched);
     unsigned char byte = 0;
-    const ZrvPropertyValue<unsigned char*> others0(&byte);
-    const ZrvPropertyValue<KELUnicodeString> others1("first");
-    const ZrvPropertyValue<KELBoolean> others2(41);
-    const ZrvPropertyValue<KELINT32> others3(41);
-    const ZrvPropertyValue<KELUINT32> others4(41);
-    const ZrvPropertyValue<float> others5(41);
-    const ZrvPropertyValue<double> others6(41);
-    const ZrvPropertyValue<KELRawCollfloat> others7{KELRawCollfloat(3)};
-    const ZrvPropertyValue<KELSysTSBaseUnknown*> others8(nullptr);
-    const ZrvPropertyValueBase bare;
-    const NamedValue unknown("int");
-    const ZrvPropertyValueBase* const others[] = {&others0, &others1, &others2, &others3, &others4, &others5,
-                                                  &others6, &others7, &others8, &bare,    &unknown};
-    for (const ZrvPropertyValueBase* other : others) {
-        if (other->GetType() != value.GetType()) {
-            ExpectRefused(value.SetValueFromProperty(*other));
-            EXPECT_FALSE(value.IsPurelyIdenticalTo(*other));
+    const NineTypes<OneOfEach> nine(&byte, "first", KELBoolean{41}, 41, 41U, 41.0F, 41.0, KELRawCollfloat(3), nullptr);
+    const auto refuse = [this](const ZrvPropertyValueBase& iOther) {
+        if (iOther.GetType() != this->value.GetType()) {
+            EXPECT_EQ(this->Answer(this->value.SetValueFromProperty(iOther)), "error");
+            EXPECT_FALSE(this->value.IsPurelyIdenticalTo(iOther));
         }
-    }
-    EXPECT_TRUE(value.IsPurelyIdenticalTo(untouched));
-    EXPECT_EQ(reports.Take(), Nothing());
+    };
+    std::apply([&refuse](const auto&... iOthers) { (refuse(iOthers), ...); }, nine);
+    refuse(ZrvPropertyValueBase());
+    refuse(NamedValue("int"));
+    EXPECT_TRUE(this->value.IsPurelyIdenticalTo(ZrvPropertyValue<TypeParam>(this->samples.first)));
+}
+
+template <class T>
+bool AreIdentical(T iFirst, T iSecond)
+{
+    return ZrvPropertyValue<T>(iFirst).IsPurelyIdenticalTo(ZrvPropertyValue<T>(iSecond));
 }
 
 TEST(ZrvPropertyValue, ComparesNumbersAsTheirTypesDo)
 {
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_FALSE(ZrvPropertyValue<float>(nan).IsPurelyIdenticalTo(ZrvPropertyValue<float>(nan)));
-    EXPECT_FALSE(ZrvPropertyValue<double>(nan).IsPurelyIdenticalTo(ZrvPropertyValue<double>(nan)));
-    EXPECT_TRUE(ZrvPropertyValue<float>(0.0F).IsPurelyIdenticalTo(ZrvPropertyValue<float>(-0.0F)));
-    EXPECT_TRUE(ZrvPropertyValue<double>(0.0).IsPurelyIdenticalTo(ZrvPropertyValue<double>(-0.0)));
-    EXPECT_FALSE(ZrvPropertyValue<KELBoolean>(1).IsPurelyIdenticalTo(ZrvPropertyValue<KELBoolean>(2)));
-    EXPECT_TRUE(ZrvPropertyValue<KELSysTSBaseUnknown*>(nullptr).IsPurelyIdenticalTo(
-        ZrvPropertyValue<KELSysTSBaseUnknown*>(nullptr)));
+    EXPECT_FALSE(AreIdentical(std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()));
+    EXPECT_FALSE(AreIdentical(std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()));
+    EXPECT_TRUE(AreIdentical(0.0F, -0.0F));
+    EXPECT_TRUE(AreIdentical(0.0, -0.0));
+    EXPECT_FALSE(AreIdentical(KELBoolean{1}, KELBoolean{2}));
+    EXPECT_TRUE(AreIdentical<KELSysTSBaseUnknown*>(nullptr, nullptr));
 }
 
 TEST(ZrvPropertyValue, DerivedValuesAreAskedThroughTheirOwnOperations)
 {
     CountingValue derived(10);
     ZrvPropertyValue<KELINT32> plain(0);
-    EXPECT_TRUE(plain.SetValueFromProperty(derived) == ZrvRC::zrvEC_OK);
+    EXPECT_EQ(InWords(plain.SetValueFromProperty(derived)), "ok");
     EXPECT_EQ(plain.GetValue(), 10);
     EXPECT_EQ(derived.typeQuestions, 2);
     EXPECT_EQ(derived.valueQuestions, 1);
-
-    ZrvRC rc = derived.SetValueFromProperty(ZrvPropertyValue<KELINT32>(20));
-    EXPECT_TRUE(rc == ZrvRC::zrvEC_NothingDone);
-    EXPECT_STREQ(rc.Dump(), "own");
+    EXPECT_EQ(InWords(derived.SetValueFromProperty(ZrvPropertyValue<KELINT32>(20))), "nothing done: own");
     EXPECT_TRUE(derived.IsPurelyIdenticalTo(ZrvPropertyValue<KELINT32>(19)));
 }
 
 TEST(ZrvPropertyValue, ObjectPointersKeepOneReference)
 {
     using Value = ZrvPropertyValue<KELSysTSBaseUnknown*>;
-    CountedObject object;
-    {
-        Value value(nullptr);
-        value.SetValue(&object);
-        EXPECT_EQ(CountOf(object), 2U);
-        value.SetValue(&object);
-        EXPECT_EQ(CountOf(object), 2U) << "the object held already";
-        const std::unique_ptr<ZrvPropertyValueBase> copy(value.Duplicate());
-        EXPECT_EQ(CountOf(object), 3U);
-        EXPECT_TRUE(copy->IsPurelyIdenticalTo(value));
-        EXPECT_EQ(CountOf(object), 3U);
-        EXPECT_EQ(value.GetValue()->Release(), 3U) << "a reference for the caller";
-
-        Value empty(nullptr);
-        EXPECT_FALSE(empty.IsPurelyIdenticalTo(value));
-        empty.SetValueFromProperty(value);
-        EXPECT_EQ(CountOf(object), 4U);
-        empty.SetValueFromProperty(value);
-        EXPECT_EQ(CountOf(object), 4U);
-        empty.SetValue(nullptr);
-        EXPECT_EQ(CountOf(object), 3U);
-        empty = value;
-        EXPECT_EQ(CountOf(object), 4U);
-    }
-    EXPECT_EQ(CountOf(object), 1U);
-
     bool isGone = false;
-    Value last(nullptr);
-    auto* const owned = new CountedObject(&isGone);
-    last.SetValue(owned);
-    owned->Release();
-    last.SetValue(owned);
+    auto* const object = new CountedObject(&isGone);
+    Value value(object);
+    {
+        const std::unique_ptr<ZrvPropertyValueBase> copy(value.Duplicate());
+        EXPECT_TRUE(copy->IsPurelyIdenticalTo(value));
+        Value other(nullptr);
+        other.SetValueFromProperty(value);
+        other.SetValueFromProperty(*copy);
+        EXPECT_EQ(CountOf(*object), 4U);
+        other.SetValue(nullptr);
+        EXPECT_EQ(CountOf(*object), 3U);
+        other = value;
+        EXPECT_EQ(other.GetValue()->Release(), 4U) << "a reference for the caller";
+    }
+    EXPECT_EQ(object->Release(), 1U);
+    value.SetValue(object);
     EXPECT_FALSE(isGone) << "taken again before it was given up";
-    last.SetValue(nullptr);
+    value.SetValue(nullptr);
     EXPECT_TRUE(isGone);
 }
 

@@ -1,12 +1,7 @@
 #include "ZrvPrototypeImpl.h"
 
-#include "CheckRecorder.h"
 #include "CountedObject.h"
-
-#include <gtest/gtest.h>
-
-#include <set>
-#include <string>
+#include "ReportingTest.h"
 
 namespace {
 
@@ -23,27 +18,8 @@ public:
     std::string declared;
 };
 
-std::multiset<std::string> Names(const ZrvConstPropertiesPrototype& iPrototype)
-{
-    KELListValKELUnicodeString list;
-    EXPECT_TRUE(iPrototype.GetListProperties(list) == ZrvRC::zrvEC_OK);
-    std::multiset<std::string> names;
-    for (int i = 1; i <= list.Size(); ++i) {
-        names.insert(list[i].ConvertToChar());
-    }
-    return names;
-}
-
-bool IsPlain(ZrvRC iRc, ZrvRC::ErrorCode iCode)
-{
-    return iRc.GetRC() == iCode && iRc.GetTrace().GetLengthInChar() == 0;
-}
-
-class ZrvPrototypeImplTest : public ::testing::Test {
+class ZrvPrototypeImplTest : public ReportingTest {
 protected:
-    ~ZrvPrototypeImplTest() override { EXPECT_EQ(reports.Take(), Nothing()); }
-
-    CheckRecorder reports;
     ZrvPrototypeImpl nested;
     ZrvPrototypeImpl other;
     ZrvPrototypeImpl prototype;
@@ -51,9 +27,9 @@ protected:
 
 TEST_F(ZrvPrototypeImplTest, AnswersForDeclaredAndUndeclaredNames)
 {
-    EXPECT_TRUE(IsPlain(prototype.IsValid(), ZrvRC::zrvEC_OK));
-    EXPECT_TRUE(IsPlain(prototype.AddProperty("n", "KELINT32", nullptr), ZrvRC::zrvEC_OK));
-    EXPECT_TRUE(IsPlain(prototype.AddProperty("odd", "no such type", nullptr), ZrvRC::zrvEC_OK));
+    EXPECT_EQ(Answer(prototype.IsValid()), "ok");
+    EXPECT_EQ(Answer(prototype.AddProperty("n", "KELINT32", nullptr)), "ok");
+    EXPECT_EQ(Answer(prototype.AddProperty("odd", "no such type", nullptr)), "ok");
     const ZrvConstPropertiesPrototype& reader = prototype;
     struct Case {
         const char* name;
@@ -62,84 +38,73 @@ TEST_F(ZrvPrototypeImplTest, AnswersForDeclaredAndUndeclaredNames)
     };
     for (const Case& c : {Case{"n", "KELINT32", zrvPT_INT32}, Case{"odd", "no such type", zrvPT_Undefined},
                           Case{"N", "", zrvPT_Undefined}, Case{"", "", zrvPT_Undefined}}) {
-        const bool isDeclared = *c.typeName != '\0';
-        EXPECT_TRUE(IsPlain(reader.HasProperty(c.name), isDeclared ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error)) << c.name;
+        EXPECT_EQ(Answer(reader.HasProperty(c.name)), *c.typeName ? "ok" : "error") << c.name;
         EXPECT_STREQ(reader.GetPropertyType(c.name).ConvertToChar(), c.typeName);
         EXPECT_EQ(reader.GetPropertyAsType(c.name), c.type);
         EXPECT_EQ(reader.GetPropertyPrototype(c.name), nullptr);
     }
 }
 
-TEST_F(ZrvPrototypeImplTest, RefusesEmptyNamesAndTypes)
+TEST_F(ZrvPrototypeImplTest, DeclaresOnlyWhatAgrees)
 {
-    EXPECT_TRUE(IsPlain(prototype.AddProperty("", "float", &nested), ZrvRC::zrvEC_Error));
-    EXPECT_TRUE(IsPlain(prototype.AddProperty("n", "", &nested), ZrvRC::zrvEC_Error));
-    EXPECT_TRUE(IsPlain(prototype.AddProperty("n", zrvPT_Undefined, &nested), ZrvRC::zrvEC_Error));
-    EXPECT_TRUE(IsPlain(prototype.AddProperty("", zrvPT_Float, &nested), ZrvRC::zrvEC_Error));
-    EXPECT_TRUE(Names(prototype).empty());
-    EXPECT_EQ(CountOf(nested), 1U);
-}
-
-TEST_F(ZrvPrototypeImplTest, RedeclaresOnlyWhatAgrees)
-{
-    prototype.AddProperty("n", "KELINT32", nullptr);
+    EXPECT_EQ(Answer(prototype.AddProperty("", zrvPT_Float, &nested)), "error");
+    EXPECT_EQ(Answer(prototype.AddProperty("n", zrvPT_Undefined, &nested)), "error");
     struct Case {
+        const char* name;
         const char* type;
         ZrvConstPropertiesPrototype* nested;
-        ZrvRC::ErrorCode code;
-        ZrvConstPropertiesPrototype* held;
+        const char* answer;
+        KELUINT32 references;
     };
     const Case cases[] = {
-        {"KELINT32", nullptr, ZrvRC::zrvEC_OK, nullptr},    {"float", nullptr, ZrvRC::zrvEC_Error, nullptr},
-        {"float", &nested, ZrvRC::zrvEC_Error, nullptr},    {"KELINT32", &nested, ZrvRC::zrvEC_OK, &nested},
-        {"KELINT32", &nested, ZrvRC::zrvEC_Error, &nested}, {"KELINT32", &other, ZrvRC::zrvEC_Error, &nested},
-        {"KELINT32", nullptr, ZrvRC::zrvEC_OK, &nested},
+        {"", "KELINT32", &nested, "error", 1}, {"n", "", &nested, "error", 1},
+        {"n", "KELINT32", nullptr, "ok", 1},   {"n", "KELINT32", nullptr, "ok", 1},
+        {"n", "float", nullptr, "error", 1},   {"n", "float", &nested, "error", 1},
+        {"n", "KELINT32", &nested, "ok", 2},   {"n", "KELINT32", &nested, "error", 2},
+        {"n", "KELINT32", &other, "error", 2}, {"n", "KELINT32", nullptr, "ok", 2},
     };
     for (const Case& c : cases) {
-        EXPECT_TRUE(IsPlain(prototype.AddProperty("n", c.type, c.nested), c.code)) << c.type;
-        EXPECT_EQ(prototype.GetPropertyAsType("n"), zrvPT_INT32);
-        EXPECT_EQ(CountOf(nested), c.held == &nested ? 2U : 1U);
+        EXPECT_EQ(Answer(prototype.AddProperty(c.name, c.type, c.nested)), c.answer) << c.name << " " << c.type;
+        EXPECT_EQ(CountOf(nested), c.references);
         EXPECT_EQ(CountOf(other), 1U);
     }
-    EXPECT_EQ(Names(prototype).size(), 1U);
+    EXPECT_EQ(prototype.GetPropertyAsType("n"), zrvPT_INT32);
 }
 
 TEST_F(ZrvPrototypeImplTest, EnumeratedFormGoesThroughTheTypeNameForm)
 {
     SpyingPrototype spy;
-    EXPECT_TRUE(IsPlain(spy.AddProperty("n", zrvPT_FloatList, nullptr), ZrvRC::zrvEC_OK));
+    EXPECT_EQ(Answer(spy.AddProperty("n", zrvPT_FloatList, nullptr)), "ok");
     EXPECT_EQ(spy.declared, "floatList");
 }
 
 TEST_F(ZrvPrototypeImplTest, NestedPrototypesAreCounted)
 {
-    {
-        ZrvPrototypeImpl outer;
-        outer.AddProperty("with", "float", &nested);
-        outer.AddProperty("without", "float", nullptr);
-        EXPECT_EQ(CountOf(nested), 2U);
-        EXPECT_EQ(static_cast<const ZrvPrototypeImpl&>(outer).GetPropertyPrototype("with"), &nested);
-        EXPECT_EQ(CountOf(nested), 3U);
+    auto* const outer = new ZrvPrototypeImpl;
+    outer->AddProperty("with", "float", &nested);
+    outer->AddProperty("without", "float", nullptr);
+    const ZrvPrototypeImpl& reader = *outer;
+    EXPECT_EQ(reader.GetPropertyPrototype("with"), &nested);
+    EXPECT_EQ(nested.Release(), 2U);
 
-        ZrvConstPropertiesPrototype* out = &other;
-        EXPECT_TRUE(IsPlain(outer.GetPropertyPrototype("absent", out), ZrvRC::zrvEC_Error));
-        EXPECT_EQ(out, &other) << "left as it was";
-        EXPECT_TRUE(IsPlain(outer.GetPropertyPrototype("with", out), ZrvRC::zrvEC_OK));
-        EXPECT_EQ(out, &nested);
-        EXPECT_EQ(CountOf(nested), 4U);
-        EXPECT_TRUE(IsPlain(outer.GetPropertyPrototype("without", out), ZrvRC::zrvEC_OK));
-        EXPECT_EQ(out, nullptr);
-        EXPECT_EQ(CountOf(other), 1U);
-        nested.Release();
-        nested.Release();
+    ZrvConstPropertiesPrototype* out = &other;
+    EXPECT_EQ(Answer(outer->GetPropertyPrototype("absent", out)), "error");
+    EXPECT_EQ(out, &other) << "left as it was";
+    EXPECT_EQ(Answer(outer->GetPropertyPrototype("with", out)), "ok");
+    EXPECT_EQ(out, &nested);
+    EXPECT_EQ(nested.Release(), 2U);
+    EXPECT_EQ(Answer(outer->GetPropertyPrototype("without", out)), "ok");
+    EXPECT_EQ(out, nullptr);
 
-        outer.AddProperty("again", "float", &nested);
-        EXPECT_TRUE(IsPlain(outer.RemoveProperty("again"), ZrvRC::zrvEC_OK));
-        EXPECT_EQ(CountOf(nested), 2U);
-        EXPECT_TRUE(IsPlain(outer.RemoveProperty("again"), ZrvRC::zrvEC_Error));
-        EXPECT_TRUE(IsPlain(outer.RemoveProperty(""), ZrvRC::zrvEC_Error));
-        EXPECT_EQ(Names(outer), (std::multiset<std::string>{"with", "without"}));
-    }
+    outer->AddProperty("again", "float", &nested);
+    EXPECT_EQ(Answer(outer->RemoveProperty("again")), "ok");
+    EXPECT_EQ(CountOf(nested), 2U);
+    EXPECT_EQ(Answer(outer->RemoveProperty("again")), "error");
+    EXPECT_EQ(Answer(outer->RemoveProperty("")), "error");
+    EXPECT_EQ(outer->AddRef(), 2U);
+    EXPECT_EQ(outer->Release(), 1U);
+    EXPECT_EQ(CountOf(nested), 2U);
+    EXPECT_EQ(outer->Release(), 0U);
     EXPECT_EQ(CountOf(nested), 1U);
 }
 
@@ -147,24 +112,12 @@ TEST_F(ZrvPrototypeImplTest, ListIsAppendedTo)
 {
     KELListValKELUnicodeString list;
     list.Append("before");
-    EXPECT_TRUE(IsPlain(prototype.GetListProperties(list), ZrvRC::zrvEC_OK));
+    EXPECT_EQ(Answer(prototype.GetListProperties(list)), "ok");
     EXPECT_EQ(list.Size(), 1);
     prototype.AddProperty("n", "float", nullptr);
     prototype.GetListProperties(list);
     ASSERT_EQ(list.Size(), 2);
-    EXPECT_EQ(list[1], KELUnicodeString("before"));
-    EXPECT_EQ(list[2], KELUnicodeString("n"));
-}
-
-TEST_F(ZrvPrototypeImplTest, LivesUntilTheLastReference)
-{
-    auto* const outer = new ZrvPrototypeImpl;
-    outer->AddProperty("n", "float", &nested);
-    EXPECT_EQ(outer->AddRef(), 2U);
-    EXPECT_EQ(outer->Release(), 1U);
-    EXPECT_EQ(CountOf(nested), 2U);
-    EXPECT_EQ(outer->Release(), 0U);
-    EXPECT_EQ(CountOf(nested), 1U);
+    EXPECT_EQ(Answer(list[1]) + Answer(list[2]), "'before''n'");
 }
 
 } // namespace

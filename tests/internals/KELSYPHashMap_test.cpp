@@ -1,51 +1,35 @@
 #include "KELSYPHashMap.h"
 
-#include "CheckRecorder.h"
 #include "CountedObject.h"
+#include "ReportingTest.h"
 #include "ZrvPropertyDefinition.h"
 #include "ZrvPrototypeImpl.h"
-
-#include <gtest/gtest.h>
 
 #include <map>
 #include <memory>
 #include <set>
-#include <string>
 
 namespace {
 
-constexpr char kFile[] = "KELSYPHashMap";
-
 using IntMap = KELSYPHashMap<KELUnicodeString, int>;
-using PointerMap = KELSYPHashMap<KELUnicodeString, int*>;
-using DefinitionMap = KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>;
+using KELSYPHashMapTest = ReportingTest;
 
-TEST(KELSYPHashMap, InsertsReplacesFindsAndRemoves)
+TEST_F(KELSYPHashMapTest, InsertsReplacesFindsAndRemoves)
 {
     IntMap map;
     const KELSYPConstHashMap<KELUnicodeString, int>& reader = map;
-    EXPECT_EQ(map.Insert("a", 1), 1);
     EXPECT_EQ(map.Insert("", 2), 1) << "an empty key is a key like any other";
-    EXPECT_EQ(map.Insert("a", 3), 0);
-    EXPECT_EQ(reader.Size(), 2);
-    ASSERT_NE(reader.Locate("a"), nullptr);
-    EXPECT_EQ(*reader.Locate("a"), 3);
     *map.Locate("") = 4;
     EXPECT_EQ(*reader.Locate(""), 4);
-    EXPECT_EQ(reader.Locate("A"), nullptr);
-    EXPECT_EQ(reader.Contains("a"), 1);
+    EXPECT_EQ(reader.Contains(""), 1);
     EXPECT_EQ(reader.Contains("b"), 0);
-    EXPECT_EQ(map.Remove("b"), 0);
-    EXPECT_EQ(map.Remove("a"), 1);
-    EXPECT_EQ(map.Remove("a"), 0);
-    EXPECT_EQ(map.Size(), 1);
     map.RemoveAll();
-    EXPECT_EQ(map.Size(), 0);
-    EXPECT_EQ(map.Insert("a", 5), 1);
+    EXPECT_EQ(reader.Size(), 0);
+    EXPECT_EQ(map.Insert("", 5), 1);
 }
 
 // Many keys with adds and removes in between, so that buckets split and elements move into holes.
-TEST(KELSYPHashMap, AgreesWithAnOrderedMapWhileItGrowsAndShrinks)
+TEST_F(KELSYPHashMapTest, AgreesWithAnOrderedMapWhileItGrowsAndShrinks)
 {
     IntMap map;
     std::map<std::string, int> model;
@@ -60,93 +44,67 @@ TEST(KELSYPHashMap, AgreesWithAnOrderedMapWhileItGrowsAndShrinks)
     }
     for (int i = 0; i < 2003; ++i) {
         const std::string key = "key" + std::to_string(i);
-        const int* value = map.Locate(key.c_str());
-        const auto expected = model.find(key);
-        ASSERT_EQ(value != nullptr, expected != model.end()) << key;
-        if (value) {
-            EXPECT_EQ(*value, expected->second);
-        }
+        ASSERT_EQ(map.Locate(key.c_str()) != nullptr, model.count(key) == 1) << key;
     }
     std::map<std::string, int> walked;
     for (KELSYPHashMapIteratorHolder<KELUnicodeString, int> it(map); !it.IsDone(); it.Next()) {
         walked[it.CurrentItem()->pKey->ConvertToChar()] = *it.CurrentItem()->pValue;
+        EXPECT_EQ(map.Locate(*it.CurrentItem()->pKey), it.CurrentItem()->pValue);
     }
     EXPECT_EQ(walked, model);
 }
 
-TEST(KELSYPHashMap, PointeesAreNobodysButTheCallers)
+TEST_F(KELSYPHashMapTest, ReleasesWhatValuesHoldAndNothingThatTheyPointTo)
 {
-    int one = 1;
-    int other = 2;
-    PointerMap map;
-    map.Insert("a", &one);
-    map.Insert("a", &other);
-    map.Insert("b", &one);
-    EXPECT_EQ(*map.Locate("a"), &other);
-    map.Remove("a");
-    EXPECT_EQ(one + other, 3);
-}
-
-TEST(KELSYPHashMap, DefinitionsReleaseTheirPrototypesOnce)
-{
+    KELSYPHashMap<KELUnicodeString, ZrvPrototypeImpl*> pointers;
     ZrvPrototypeImpl one;
     ZrvPrototypeImpl other;
     {
-        DefinitionMap map;
-        map.Insert("a", ZrvPropertyDefinition("float", &one));
-        map.Insert("b", ZrvPropertyDefinition("float", &one));
-        EXPECT_EQ(CountOf(one), 3U);
-        map.Insert("a", ZrvPropertyDefinition("float", &other));
+        KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition> map;
+        for (ZrvPrototypeImpl* value : {&one, &other}) {
+            pointers.Insert("a", value);
+            map.Insert("a", ZrvPropertyDefinition("float", value));
+            map.Insert("b", ZrvPropertyDefinition("float", &one));
+        }
         EXPECT_EQ(CountOf(one), 2U);
         EXPECT_EQ(CountOf(other), 2U);
-        map.Remove("a");
+        EXPECT_EQ(map.Remove("a") + pointers.Remove("a"), 2);
         EXPECT_EQ(CountOf(other), 1U);
     }
     EXPECT_EQ(CountOf(one), 1U);
 }
 
-TEST(KELSYPHashMap, IteratorsKeepTheirItemUntilTheyMove)
+TEST_F(KELSYPHashMapTest, IteratorsKeepTheirItemUntilTheyMove)
 {
     IntMap map;
     using Iterator = std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>>;
     const Iterator empty(map.CreateIterator());
-    EXPECT_NE(empty->IsDone(), 0);
     EXPECT_EQ(empty->CurrentItem(), nullptr);
     empty->Next();
     EXPECT_NE(empty->IsDone(), 0);
 
     map.Insert("a", 1);
-    map.Insert("b", 2);
     const Iterator it(std::as_const(map).CreateIterator());
     const auto* const item = it->CurrentItem();
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(it->CurrentItem(), item);
-    const KELUnicodeString first = *item->pKey;
-    EXPECT_EQ(map.Locate(first), item->pValue);
-    it->Next();
-    ASSERT_EQ(it->IsDone(), 0);
-    EXPECT_NE(*it->CurrentItem()->pKey, first);
+    EXPECT_EQ(it->IsDone(), 0);
     it->Next();
     EXPECT_NE(it->IsDone(), 0);
     EXPECT_EQ(it->CurrentItem(), nullptr);
 }
 
-TEST(KELSYPHashMap, TableFunctionsReadKeysAndReportNulls)
+TEST_F(KELSYPHashMapTest, TableFunctionsReadKeysAndReportNulls)
 {
-    CheckRecorder reports;
     IntMap::Entry entry{"key", 1};
     KELUnicodeString key("key");
     KELUnicodeString other("other");
     EXPECT_EQ(IntMap::HashElement(&entry), key.ComputeHashKey());
     EXPECT_NE(IntMap::CompareElements(&entry, &key), 0) << "a bare key stands for an entry";
     EXPECT_EQ(IntMap::CompareElements(&entry, &other), 0);
-    EXPECT_EQ(reports.Take(), Nothing());
-    EXPECT_EQ(IntMap::HashElement(nullptr), 0U);
-    EXPECT_EQ(reports.Take(), Pointer("i_elem", kFile));
-    EXPECT_EQ(IntMap::CompareElements(nullptr, nullptr), 0);
-    EXPECT_EQ(reports.Take(), Pointer("i_elem1", kFile));
-    EXPECT_EQ(IntMap::CompareElements(&entry, nullptr), 0);
-    EXPECT_EQ(reports.Take(), Pointer("i_elem2", kFile));
+    EXPECT_EQ(Answer(IntMap::HashElement(nullptr)), "0 [pointer i_elem in KELSYPHashMap]");
+    EXPECT_EQ(Answer(IntMap::CompareElements(nullptr, nullptr)), "0 [pointer i_elem1 in KELSYPHashMap]");
+    EXPECT_EQ(Answer(IntMap::CompareElements(&entry, nullptr)), "0 [pointer i_elem2 in KELSYPHashMap]");
 }
 
 unsigned int HashInt(void* iElement)
@@ -176,7 +134,6 @@ TEST(KELSysSimpleHashTable, StaysDenseWithCollidingHashes)
         EXPECT_EQ(table.Remove(&values[i]), &values[i]);
         EXPECT_EQ(table.Remove(&values[i]), nullptr);
     }
-    EXPECT_EQ(table.Size(), 66);
     std::set<void*> dense;
     for (int i = 0; i < table.Size(); ++i) {
         dense.insert(table.Get(i));

@@ -1,39 +1,26 @@
 #include "ZrvProperties_data.h"
 
-#include "CheckRecorder.h"
 #include "NineTypes.h"
+#include "ReportingTest.h"
 #include "ZrvPrototypeImpl.h"
-
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <thread>
 
 namespace {
 
-constexpr char kFile[] = "ZrvProperties_data";
-constexpr char kName[] = "iPropertyName.GetLengthInChar()>0";
+const std::string g_noName = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties_data]";
 
 using Int = ZrvPropertyValue<KELINT32>;
 
-class ZrvPropertiesDataTest : public ::testing::Test {
+class ZrvPropertiesDataTest : public ReportingTest {
 protected:
-    ~ZrvPropertiesDataTest() override { EXPECT_EQ(reports.Take(), Nothing()); }
-
-    void ExpectError(ZrvRC iRc, const std::vector<Report>& iReports, const char* iTrace = "")
-    {
-        EXPECT_EQ(iRc.GetRC(), ZrvRC::zrvEC_Error);
-        EXPECT_STREQ(iRc.Dump(), iTrace);
-        EXPECT_EQ(reports.Take(), iReports);
-    }
-
     /// Puts an entry into the map that no operation of the set makes.
     static void Plant(ZrvPropertiesData& ioData, const char* iName, std::unique_ptr<ZrvProperty> iProperty)
     {
         ioData.m_propertyMap.Insert(iName, iProperty.release());
     }
 
-    CheckRecorder reports;
     ZrvPrototypeImpl prototype;
     ZrvPropertiesData free{nullptr};
     ZrvPropertiesData bound{&prototype};
@@ -42,21 +29,21 @@ protected:
 // The front refuses these arguments before they come here.
 TEST_F(ZrvPropertiesDataTest, ChecksItsOwnArguments)
 {
-    ExpectError(bound.AddProperty("", "", nullptr), Condition("!m_pPrototype", kFile),
-                "AddProperty: Wrong call, should not have prototype.");
-    ExpectError(free.AddProperty("", "", nullptr), Condition(kName, kFile), "AddProperty: Missing propertyName");
-    ExpectError(free.AddProperty("n", "", nullptr), Condition("iPropertyType.GetLengthInChar()>0", kFile),
-                "AddProperty: Missing propertyType");
-    ExpectError(free.AddProperty(""), Pointer("m_pPrototype", kFile));
-    ExpectError(bound.AddProperty(""), Condition(kName, kFile));
-    ExpectError(free.SetProperty("", Int(1)), Condition(kName, kFile));
-    ExpectError(free.SetProperty("n", ZrvPropertyValueBase()),
-                Condition("iValue.GetType().GetLengthInChar()>0", kFile));
-    EXPECT_EQ(free.GetProperty(""), nullptr);
-    EXPECT_EQ(reports.Take(), Condition(kName, kFile));
-    EXPECT_EQ(free.GetPropertyParameters(""), nullptr);
-    EXPECT_EQ(reports.Take(), Condition(kName, kFile));
-    EXPECT_EQ(free.HasProperty(""), 0);
+    EXPECT_EQ(Answer(bound.AddProperty("", "", nullptr)),
+              "error: AddProperty: Wrong call, should not have prototype. [condition !m_pPrototype in "
+              "ZrvProperties_data]");
+    EXPECT_EQ(Answer(free.AddProperty("", "", nullptr)), "error: AddProperty: Missing propertyName" + g_noName);
+    EXPECT_EQ(Answer(free.AddProperty("n", "", nullptr)),
+              "error: AddProperty: Missing propertyType [condition iPropertyType.GetLengthInChar()>0 in "
+              "ZrvProperties_data]");
+    EXPECT_EQ(Answer(free.AddProperty("")), "error [pointer m_pPrototype in ZrvProperties_data]");
+    EXPECT_EQ(Answer(bound.AddProperty("")), "error" + g_noName);
+    EXPECT_EQ(Answer(free.SetProperty("", Int(1))), "error" + g_noName);
+    EXPECT_EQ(Answer(free.SetProperty("n", ZrvPropertyValueBase())),
+              "error [condition iValue.GetType().GetLengthInChar()>0 in ZrvProperties_data]");
+    EXPECT_EQ(Answer(free.GetProperty("")), "null" + g_noName);
+    EXPECT_EQ(Answer(free.GetPropertyParameters("")), "null" + g_noName);
+    EXPECT_EQ(Answer(free.HasProperty("")), "0");
 }
 
 TEST_F(ZrvPropertiesDataTest, AnEntryWithoutAPropertyIsHeldButNotInstantiated)
@@ -64,73 +51,60 @@ TEST_F(ZrvPropertiesDataTest, AnEntryWithoutAPropertyIsHeldButNotInstantiated)
     Plant(free, "vacant", nullptr);
     EXPECT_EQ(free.HasProperty("vacant"), 1);
     EXPECT_EQ(free.GetAvailability("vacant"), ZrvProperties::zrvPA_Available);
-    EXPECT_EQ(free.GetProperty("vacant"), nullptr);
-    EXPECT_EQ(free.GetPropertyType("vacant").GetLengthInChar(), 0);
-    ExpectError(free.SetProperty("vacant", Int(1)), Nothing());
-    EXPECT_EQ(free.GetPropertyParameters("vacant"), nullptr);
-    EXPECT_EQ(reports.Take(), Pointer("*ppProperty", kFile));
-    const ZrvPropertiesData copy(free);
-    EXPECT_EQ(copy.HasProperty("vacant"), 0);
+    EXPECT_EQ(Answer(free.GetProperty("vacant")), "null");
+    EXPECT_EQ(Answer(free.GetPropertyType("vacant")), "''");
+    EXPECT_EQ(Answer(free.SetProperty("vacant", Int(1))), "error");
+    EXPECT_EQ(Answer(free.GetPropertyParameters("vacant")), "null [pointer *ppProperty in ZrvProperties_data]");
+    EXPECT_EQ(ZrvPropertiesData(free).HasProperty("vacant"), 0);
 
-    EXPECT_TRUE(free.AddProperty("vacant", "KELINT32", nullptr) == ZrvRC::zrvEC_OK);
+    EXPECT_EQ(Answer(free.AddProperty("vacant", "KELINT32", nullptr)), "ok");
     EXPECT_EQ(free.GetAvailability("vacant"), ZrvProperties::zrvPA_Instantiated);
-    EXPECT_TRUE(free.SetProperty("vacant", Int(1)) == ZrvRC::zrvEC_OK);
+    EXPECT_EQ(Answer(free.SetProperty("vacant", Int(1))), "ok");
     EXPECT_EQ(free.m_propertyMap.Size(), 1);
 }
 
 TEST_F(ZrvPropertiesDataTest, CopyRefusesIncompleteProperties)
 {
+    const std::string noType = " [condition inputPropertyType.GetLengthInChar()>0 in ZrvProperties_data]";
     struct Case {
         const char* name;
         bool hasProperty;
-        std::vector<Report> reported;
-        const char* trace;
+        std::string answer;
     };
-    const Case cases[] = {
-        {"", true, Condition("inputPropertyName.Compare(\"\")!=2", kFile), "Property without name."},
-        {"n", false, Condition("inputPropertyType.GetLengthInChar()>0", kFile), "Property without type."},
-        {"n",
-         true,
-         {{kelCF_Pointer, "m_value", "ZrvProperty"}, {kelCF_Condition, "inputPropertyType.GetLengthInChar()>0", kFile}},
-         "Property without type."},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c :
+         {Case{"", true,
+               "error: Property without name. [condition inputPropertyName.Compare(\"\")!=2 in ZrvProperties_data]"},
+          Case{"n", false, "error: Property without type." + noType},
+          Case{"n", true, "error: Property without type. [pointer m_value in ZrvProperty]" + noType}}) {
         ZrvPropertiesData source(nullptr);
         source.AddProperty("sound", "KELINT32", nullptr);
         Plant(source, c.name, c.hasProperty ? std::make_unique<ZrvProperty>(nullptr) : nullptr);
-        ExpectError(free.SetFromProperties(source), c.reported, c.trace);
+        EXPECT_EQ(Answer(free.SetFromProperties(source)), c.answer);
         EXPECT_EQ(free.HasProperty("sound"), 0);
     }
 }
 
-TEST_F(ZrvPropertiesDataTest, CopyConstructionSkipsNamelessEntriesAndListsTellTheRest)
+TEST_F(ZrvPropertiesDataTest, NamelessEntriesAreNeitherListedNorDuplicated)
 {
-    Plant(free, "", std::make_unique<ZrvProperty>(nullptr));
-    free.AddProperty("n", "float", nullptr);
+    ZrvProperties front;
+    Plant(*front.m_PropertiesData, "", std::make_unique<ZrvProperty>(nullptr));
+    EXPECT_EQ(Answer(ZrvProperties().SetFromProperties(front)), "ok") << "a source without names";
+    front.AddProperty("n", "float", nullptr);
     KELListValKELUnicodeString list;
-    EXPECT_EQ(free.GetListProperties(list), 1);
+    EXPECT_EQ(front.GetListProperties(list), 1);
     EXPECT_EQ(list.Size(), 1);
-    const ZrvPropertiesData copy(free);
+    const ZrvProperties copy(front);
     EXPECT_EQ(copy.HasProperty(""), 0);
     EXPECT_EQ(copy.HasProperty("n"), 1);
 }
 
-TEST_F(ZrvPropertiesDataTest, CopyIntoAVacantEntryFails)
-{
-    ZrvPropertiesData source(nullptr);
-    source.AddProperty("n", "float", nullptr);
-    Plant(free, "n", nullptr);
-    ExpectError(free.SetFromProperties(source), Nothing());
-}
-
 TEST_F(ZrvPropertiesDataTest, CopyingOneselfOrNothing)
 {
-    EXPECT_TRUE(free.SetFromProperties(bound) == ZrvRC::zrvEC_Error) << "an empty source is for the front to answer";
+    EXPECT_EQ(Answer(free.SetFromProperties(bound)), "error") << "an empty source is for the front to answer";
     free.AddProperty("n", "KELINT32", nullptr);
     free.SetProperty("n", Int(5));
-    EXPECT_TRUE(free.SetFromProperties(free) == ZrvRC::zrvEC_OK);
-    const ZrvPropertiesData& self = free;
-    free = self;
+    EXPECT_EQ(Answer(free.SetFromProperties(free)), "ok");
+    free = std::as_const(free);
     EXPECT_EQ(Read<KELINT32>(free.GetProperty("n")), 5);
 }
 
@@ -160,7 +134,7 @@ TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
     }
     free = source;
     EXPECT_EQ(free.m_propertyMap.Size(), 3);
-    EXPECT_STREQ(free.GetPropertyType("b").ConvertToChar(), "KELINT32");
+    EXPECT_EQ(Answer(free.GetPropertyType("b")), "'KELINT32'");
     EXPECT_EQ(CountOf(prototype), 2U);
 }
 
@@ -171,11 +145,11 @@ TEST_F(ZrvPropertiesDataTest, NestedParametersAreHandedOutAsCopies)
     property->m_pParameters = std::make_unique<ZrvProperties>();
     property->m_pParameters->AddProperty("nested", "KELINT32", nullptr);
     const ZrvPropertiesData copy(free);
-    for (const ZrvPropertiesData* each : {static_cast<const ZrvPropertiesData*>(&free), &copy}) {
+    for (const ZrvPropertiesData* each : {&std::as_const(free), &copy}) {
         const std::unique_ptr<ZrvProperties> parameters(each->GetPropertyParameters("n"));
         ASSERT_NE(parameters, nullptr);
         EXPECT_EQ(parameters->HasProperty("nested"), 1);
-        EXPECT_NE(parameters.get(), property->m_pParameters.get());
+        EXPECT_NE(parameters, property->m_pParameters);
     }
 }
 

@@ -1,34 +1,36 @@
 #include "ZrvProperty.h"
 
-#include "CheckRecorder.h"
 #include "NineTypes.h"
+#include "ReportingTest.h"
 #include "ZrvPrototypeImpl.h"
 
-#include <gtest/gtest.h>
-
 #include <memory>
-#include <type_traits>
 
 namespace {
 
-constexpr char kFile[] = "ZrvProperty";
+const std::string g_refused = " [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]";
+const std::string g_noValue = " [pointer m_value in ZrvProperty]";
 
 using Int = ZrvPropertyValue<KELINT32>;
-using UInt = ZrvPropertyValue<KELUINT32>;
 
-std::unique_ptr<ZrvProperty> Create(const KELUnicodeString& iType, ZrvConstPropertiesPrototype* iPrototype = nullptr)
-{
-    ZrvProperty* property = nullptr;
-    ZrvRC rc = ZrvProperty::CreateProperty(iType, property, iPrototype);
-    EXPECT_EQ(rc.IsValid(), property != nullptr);
-    EXPECT_STREQ(rc.Dump(), "");
-    return std::unique_ptr<ZrvProperty>(property);
-}
+class ZrvPropertyTest : public ReportingTest {
+protected:
+    static std::unique_ptr<ZrvProperty> Create(const KELUnicodeString& iType,
+                                               ZrvConstPropertiesPrototype* iPrototype = nullptr)
+    {
+        ZrvProperty* property = nullptr;
+        const std::string words = InWords(ZrvProperty::CreateProperty(iType, property, iPrototype));
+        EXPECT_EQ(words, property ? "ok" : "error");
+        return std::unique_ptr<ZrvProperty>(property);
+    }
+
+    ZrvPrototypeImpl prototype;
+};
 
 template <class T>
-class Factory : public ::testing::Test {
+class Factory : public ZrvPropertyTest {
 };
-TYPED_TEST_SUITE(Factory, NineTypes);
+TYPED_TEST_SUITE(Factory, NineTypes<::testing::Types>);
 
 TYPED_TEST(Factory, MakesDefaultsAndDeepCopies)
 {
@@ -39,61 +41,45 @@ TYPED_TEST(Factory, MakesDefaultsAndDeepCopies)
     } else if constexpr (std::is_same_v<TypeParam, KELRawCollfloat>) {
         standard.Size(3, 0.0F);
     }
-    ZrvPrototypeImpl prototype;
     const Samples<TypeParam> samples;
     {
-        const auto property = Create(ZrvPropertyTypeConv::GetAsUnicode(Value::kType), &prototype);
+        const auto property = this->Create(ZrvPropertyTypeConv::GetAsUnicode(Value::kType), &this->prototype);
         ASSERT_NE(property, nullptr);
-        EXPECT_EQ(CountOf(prototype), 2U);
-        EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(property->GetType()), Value::kType);
-        EXPECT_TRUE(property->GetValue()->IsPurelyIdenticalTo(Value(standard)));
-
         const ZrvPropertyValueBase* held = property->GetValue();
-        EXPECT_TRUE(property->SetValue(Value(samples.first)) == ZrvRC::zrvEC_OK);
+        EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(property->GetType()), Value::kType);
+        EXPECT_TRUE(held->IsPurelyIdenticalTo(Value(standard)));
+        EXPECT_EQ(this->Answer(property->SetValue(Value(samples.first))), "ok");
         EXPECT_EQ(property->GetValue(), held);
+
         const std::unique_ptr<ZrvProperty> copy(property->Duplicate());
-        EXPECT_EQ(CountOf(prototype), 3U);
+        EXPECT_EQ(CountOf(this->prototype), 3U);
         EXPECT_TRUE(copy->GetValue()->IsPurelyIdenticalTo(*held));
-        copy->SetValue(Value(samples.second));
+        EXPECT_TRUE(copy->AssignPlain(Value(samples.second)));
+        EXPECT_TRUE(copy->GetValue()->IsPurelyIdenticalTo(Value(samples.second)));
         EXPECT_TRUE(held->IsPurelyIdenticalTo(Value(samples.first)));
     }
-    EXPECT_EQ(CountOf(prototype), 1U);
+    EXPECT_EQ(CountOf(this->prototype), 1U);
 }
 
-TEST(ZrvProperty, FactoryRefusesWhatItDoesNotKnow)
+TEST_F(ZrvPropertyTest, FactoryRefusesWhatItDoesNotKnow)
 {
-    CheckRecorder reports;
-    ZrvPrototypeImpl prototype;
     for (const char* type : {"", "int", "floatList ", "kelint32"}) {
         EXPECT_EQ(Create(type, &prototype), nullptr) << type;
     }
-    EXPECT_EQ(CountOf(prototype), 1U);
-    EXPECT_EQ(reports.Take(), Nothing());
-
     const auto held = Create("float");
     ZrvProperty* property = held.get();
-    EXPECT_TRUE(ZrvProperty::CreateProperty("double", property, &prototype) == ZrvRC::zrvEC_Error);
-    EXPECT_EQ(reports.Take(), Condition("!oProperty", kFile));
+    EXPECT_EQ(Answer(ZrvProperty::CreateProperty("double", property, &prototype)),
+              "error [condition !oProperty in ZrvProperty]");
     EXPECT_EQ(property, held.get());
-    EXPECT_STREQ(property->GetType().ConvertToChar(), "float");
     EXPECT_EQ(CountOf(prototype), 1U);
 }
 
-TEST(ZrvProperty, RefusesValuesOfOtherTypes)
+TEST_F(ZrvPropertyTest, RefusesValuesOfOtherTypes)
 {
-    CheckRecorder reports;
     const auto property = Create("KELUINT32");
-    property->SetValue(UInt(5));
-    const Int otherType(7);
-    const ZrvPropertyValueBase noType;
-    const ZrvPropertyValueBase* const values[] = {&otherType, &noType};
-    for (const ZrvPropertyValueBase* value : values) {
-        ZrvRC rc = property->SetValue(*value);
-        EXPECT_TRUE(rc == ZrvRC::zrvEC_Error);
-        EXPECT_STREQ(rc.Dump(), "");
-        EXPECT_EQ(reports.Take(), Condition("m_value->SetValueFromProperty(iValue)", kFile));
-        EXPECT_EQ(Read<KELUINT32>(property->GetValue()), 5U);
-    }
+    EXPECT_EQ(Answer(property->SetValue(Int(7))), "error" + g_refused);
+    EXPECT_EQ(Answer(property->SetValue(ZrvPropertyValueBase())), "error" + g_refused);
+    EXPECT_EQ(Read<KELUINT32>(property->GetValue()), 0U);
 }
 
 /// A value that takes anything and says so in its own way.
@@ -107,62 +93,42 @@ private:
     ZrvRC::ErrorCode m_answer;
 };
 
-TEST(ZrvProperty, HandsErrorsOnAndNoOtherCode)
+TEST_F(ZrvPropertyTest, HandsErrorsOnAndNoOtherCode)
 {
-    CheckRecorder reports;
-    struct Case {
-        ZrvRC::ErrorCode answer;
-        ZrvRC::ErrorCode code;
-        const char* trace;
-    };
-    for (const Case& c : {Case{static_cast<ZrvRC::ErrorCode>(2), static_cast<ZrvRC::ErrorCode>(2), "own words"},
-                          Case{ZrvRC::zrvEC_NothingDone, ZrvRC::zrvEC_OK, ""}}) {
+    for (const auto& [code, answer] :
+         {std::pair<ZrvRC::ErrorCode, std::string>{ZrvRC::zrvEC_NothingDone, "ok"},
+          std::pair<ZrvRC::ErrorCode, std::string>{static_cast<ZrvRC::ErrorCode>(2), "2: own words" + g_refused}}) {
         ZrvProperty property(nullptr);
-        EXPECT_TRUE(property.SetValue(TalkativeValue(c.answer)) == ZrvRC::zrvEC_OK) << "taken as the first value";
+        EXPECT_EQ(Answer(property.SetValue(TalkativeValue(code))), "ok") << "taken as the first value";
         const std::unique_ptr<ZrvProperty> copy(property.Duplicate());
-        ZrvRC rc = copy->SetValue(Int(1));
-        EXPECT_EQ(rc.GetRC(), c.code);
-        EXPECT_STREQ(rc.Dump(), c.trace);
-        EXPECT_EQ(reports.Take().size(), c.code == ZrvRC::zrvEC_OK ? 0U : 1U);
+        EXPECT_EQ(Answer(copy->SetValue(Int(1))), answer);
     }
 }
 
-TEST(ZrvProperty, WithoutAValue)
+TEST_F(ZrvPropertyTest, WithoutAValue)
 {
-    CheckRecorder reports;
-    ZrvPrototypeImpl prototype;
     ZrvProperty property(&prototype);
-    EXPECT_EQ(property.GetValue(), nullptr);
-    EXPECT_EQ(property.GetType().GetLengthInChar(), 0);
-    EXPECT_EQ(reports.Take(), Pointer("m_value", kFile));
-    EXPECT_EQ(property.Duplicate(), nullptr);
-    EXPECT_EQ(reports.Take(), Pointer("m_value", kFile));
-    EXPECT_TRUE(property.SetValue(ZrvPropertyValueBase()) == ZrvRC::zrvEC_OK);
-    EXPECT_EQ(property.GetValue(), nullptr) << "a value without a type duplicates to none";
-    EXPECT_TRUE(property.SetValue(Int(3)) == ZrvRC::zrvEC_OK);
-    EXPECT_EQ(Read<KELINT32>(property.GetValue()), 3);
+    EXPECT_EQ(Answer(property.GetValue()), "null");
+    EXPECT_EQ(Answer(property.GetType()), "''" + g_noValue);
+    EXPECT_EQ(Answer(property.Duplicate()), "null" + g_noValue);
+    EXPECT_EQ(Answer(property.SetValue(ZrvPropertyValueBase())), "ok");
+    EXPECT_EQ(Answer(property.GetValue()), "null") << "a value without a type duplicates to none";
+    const auto lost = Create("KELINT32");
+    lost->m_value = nullptr;
+    EXPECT_FALSE(Create("KELINT32")->IsPlainLike(*lost));
+    for (ZrvProperty* each : {&property, lost.get()}) {
+        EXPECT_FALSE(each->AssignPlain(Int(3)));
+        EXPECT_EQ(Answer(each->SetValue(Int(3))), "ok");
+        EXPECT_EQ(Read<KELINT32>(each->GetValue()), 3);
+    }
     EXPECT_EQ(CountOf(prototype), 2U);
-    EXPECT_EQ(reports.Take(), Nothing());
 }
 
-TEST(ZrvProperty, AfterLosingItsValue)
+TEST_F(ZrvPropertyTest, ParametersAreCopiedOut)
 {
-    CheckRecorder reports;
-    const auto property = Create("KELINT32");
-    const auto other = Create("KELINT32");
-    property->m_value = nullptr;
-    EXPECT_FALSE(property->AssignPlain(Int(3)));
-    EXPECT_FALSE(other->IsPlainLike(*property));
-    EXPECT_TRUE(property->SetValue(Int(3)) == ZrvRC::zrvEC_OK);
-    EXPECT_EQ(Read<KELINT32>(property->GetValue()), 3);
-}
-
-TEST(ZrvProperty, ParametersAreCopiedOut)
-{
-    CheckRecorder reports;
     const auto property = Create("float");
     ZrvProperties* out = nullptr;
-    EXPECT_TRUE(property->GetParameters(&out) == ZrvRC::zrvEC_OK);
+    EXPECT_EQ(Answer(property->GetParameters(&out)), "ok");
     EXPECT_EQ(out, nullptr);
 
     property->m_pParameters = std::make_unique<ZrvProperties>();
@@ -171,19 +137,15 @@ TEST(ZrvProperty, ParametersAreCopiedOut)
     EXPECT_NE(copy->m_pParameters, property->m_pParameters);
     for (const ZrvProperty* each : {property.get(), copy.get()}) {
         out = nullptr;
-        EXPECT_TRUE(each->GetParameters(&out) == ZrvRC::zrvEC_OK);
+        EXPECT_EQ(Answer(each->GetParameters(&out)), "ok");
         const std::unique_ptr<ZrvProperties> parameters(out);
         parameters->SetProperty("nested", Int(9));
         EXPECT_EQ(Read<KELINT32>(each->m_pParameters->GetProperty("nested")), 0);
     }
-    EXPECT_EQ(reports.Take(), Nothing());
-
-    EXPECT_TRUE(property->GetParameters(nullptr) == ZrvRC::zrvEC_Error);
-    EXPECT_EQ(reports.Take(), Pointer("opProperties", kFile));
+    EXPECT_EQ(Answer(property->GetParameters(nullptr)), "error [pointer opProperties in ZrvProperty]");
     ZrvProperties other;
     out = &other;
-    EXPECT_TRUE(property->GetParameters(&out) == ZrvRC::zrvEC_Error);
-    EXPECT_EQ(reports.Take(), Condition("!(*opProperties)", kFile));
+    EXPECT_EQ(Answer(property->GetParameters(&out)), "error [condition !(*opProperties) in ZrvProperty]");
     EXPECT_EQ(out, &other);
 }
 

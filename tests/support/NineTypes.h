@@ -4,11 +4,12 @@
 #include "CountedObject.h"
 #include "ZrvPropertyValue.h"
 
-#include <gtest/gtest.h>
+#include <type_traits>
 
-/// The nine types as a typed test's parameters.
-using NineTypes = ::testing::Types<unsigned char*, KELUnicodeString, KELBoolean, KELINT32, KELUINT32, float, double,
-                                   KELRawCollfloat, KELSysTSBaseUnknown*>;
+/// The nine types as a list of types, such as a typed test's parameters.
+template <template <class...> class List>
+using NineTypes = List<unsigned char*, KELUnicodeString, KELBoolean, KELINT32, KELUINT32, float, double,
+                       KELRawCollfloat, KELSysTSBaseUnknown*>;
 
 /// Two different values of a type, neither of them its default; the objects among them live as long as the samples.
 template <class T>
