@@ -54,6 +54,7 @@ private:
     // The blocks lie behind it, in the same allocation.
     struct alignas(kAlignment) Chunk {
         static void* operator new(std::size_t iSize, std::size_t iBytes) { return ::operator new(iSize + iBytes); }
+        // NOLINTNEXTLINE(misc-new-delete-overloads): chunks are made with bytes behind them only
         static void operator delete(void* iChunk) noexcept { ::operator delete(iChunk); }
 
         std::unique_ptr<Chunk> previous;
