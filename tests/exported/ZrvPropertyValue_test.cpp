@@ -3,9 +3,7 @@
 #include "NineTypes.h"
 #include "ReportingTest.h"
 
-#include <limits>
 #include <memory>
-#include <tuple>
 
 namespace {
 
@@ -63,15 +61,9 @@ TEST_F(ZrvPropertyValueBaseTest, FreeFunctions)
     EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
     EXPECT_TRUE(ZrvPropertyValue_StringComparator("KELINT32", std::string("KELINT32").c_str()));
     EXPECT_FALSE(ZrvPropertyValue_StringComparator("KELINT32", "KELUINT32"));
-    KELRawCollfloat lists[4]; // empty, {0, 0}, {1, 1}, {0, 0}
-    lists[1].Size(2, 0.0F);
-    lists[2].Size(2, 1.0F);
-    lists[3].Size(2, 0.0F);
-    for (int i = 0; i < 4; ++i) {
-        for (int j = 0; j < 4; ++j) {
-            EXPECT_EQ(ZrvPropertyValue_LstFloatComparator(lists[i], lists[j]), i == j || i * j == 3) << i << " " << j;
-        }
-    }
+    const Samples<KELRawCollfloat> lists;
+    EXPECT_TRUE(ZrvPropertyValue_LstFloatComparator(KELRawCollfloat(), KELRawCollfloat(7)));
+    EXPECT_FALSE(ZrvPropertyValue_LstFloatComparator(lists.first, lists.second));
 }
 
 template <class T>
@@ -87,49 +79,20 @@ TYPED_TEST_SUITE(TypedValues, NineTypes<::testing::Types>);
 TYPED_TEST(TypedValues, SetGetDuplicateAndCompare)
 {
     const std::unique_ptr<ZrvPropertyValueBase> copy(this->value.Duplicate());
-    EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(this->value.GetType()), this->value.kType);
-    EXPECT_TRUE(this->value.IsPurelyIdenticalTo(*copy));
     EXPECT_EQ(this->Answer(this->value.SetValue(this->samples.second)), "ok");
     EXPECT_FALSE(this->value.IsPurelyIdenticalTo(*copy)) << "a copy of its own";
-    EXPECT_FALSE(copy->IsPurelyIdenticalTo(this->value));
     EXPECT_EQ(this->Answer(copy->SetValueFromProperty(this->value)), "ok");
     EXPECT_TRUE(this->value.IsPurelyIdenticalTo(*copy));
     EXPECT_TRUE(ZrvPropertyValue<TypeParam>(Read<TypeParam>(copy.get())).IsPurelyIdenticalTo(this->value));
+    const NamedValue unknown("int");
+    EXPECT_EQ(this->Answer(this->value.SetValueFromProperty(unknown)), "error");
+    EXPECT_FALSE(this->value.IsPurelyIdenticalTo(unknown));
 }
 
-template <class... T>
-using OneOfEach = std::tuple<ZrvPropertyValue<T>...>;
-
-TYPED_TEST(TypedValues, RefuseEveryOtherType)
+TEST(ZrvPropertyValue, ZeroesAreIdentical)
 {
-    unsigned char byte = 0;
-    const NineTypes<OneOfEach> nine(&byte, "first", KELBoolean{41}, 41, 41U, 41.0F, 41.0, KELRawCollfloat(3), nullptr);
-    const auto refuse = [this](const ZrvPropertyValueBase& iOther) {
-        if (iOther.GetType() != this->value.GetType()) {
-            EXPECT_EQ(this->Answer(this->value.SetValueFromProperty(iOther)), "error");
-            EXPECT_FALSE(this->value.IsPurelyIdenticalTo(iOther));
-        }
-    };
-    std::apply([&refuse](const auto&... iOthers) { (refuse(iOthers), ...); }, nine);
-    refuse(ZrvPropertyValueBase());
-    refuse(NamedValue("int"));
-    EXPECT_TRUE(this->value.IsPurelyIdenticalTo(ZrvPropertyValue<TypeParam>(this->samples.first)));
-}
-
-template <class T>
-bool AreIdentical(T iFirst, T iSecond)
-{
-    return ZrvPropertyValue<T>(iFirst).IsPurelyIdenticalTo(ZrvPropertyValue<T>(iSecond));
-}
-
-TEST(ZrvPropertyValue, ComparesNumbersAsTheirTypesDo)
-{
-    EXPECT_FALSE(AreIdentical(std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()));
-    EXPECT_FALSE(AreIdentical(std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()));
-    EXPECT_TRUE(AreIdentical(0.0F, -0.0F));
-    EXPECT_TRUE(AreIdentical(0.0, -0.0));
-    EXPECT_FALSE(AreIdentical(KELBoolean{1}, KELBoolean{2}));
-    EXPECT_TRUE(AreIdentical<KELSysTSBaseUnknown*>(nullptr, nullptr));
+    EXPECT_TRUE(ZrvPropertyValue<float>(0.0F).IsPurelyIdenticalTo(ZrvPropertyValue<float>(-0.0F)));
+    EXPECT_TRUE(ZrvPropertyValue<double>(0.0).IsPurelyIdenticalTo(ZrvPropertyValue<double>(-0.0)));
 }
 
 TEST(ZrvPropertyValue, DerivedValuesAreAskedThroughTheirOwnOperations)
@@ -146,22 +109,14 @@ TEST(ZrvPropertyValue, DerivedValuesAreAskedThroughTheirOwnOperations)
 
 TEST(ZrvPropertyValue, ObjectPointersKeepOneReference)
 {
-    using Value = ZrvPropertyValue<KELSysTSBaseUnknown*>;
     bool isGone = false;
     auto* const object = new CountedObject(&isGone);
-    Value value(object);
-    {
-        const std::unique_ptr<ZrvPropertyValueBase> copy(value.Duplicate());
-        EXPECT_TRUE(copy->IsPurelyIdenticalTo(value));
-        Value other(nullptr);
-        other.SetValueFromProperty(value);
-        other.SetValueFromProperty(*copy);
-        EXPECT_EQ(CountOf(*object), 4U);
-        other.SetValue(nullptr);
-        EXPECT_EQ(CountOf(*object), 3U);
-        other = value;
-        EXPECT_EQ(other.GetValue()->Release(), 4U) << "a reference for the caller";
-    }
+    ZrvPropertyValue<KELSysTSBaseUnknown*> value(nullptr);
+    value.SetValue(object);
+    value.SetValue(object);
+    EXPECT_EQ(CountOf(*object), 2U);
+    EXPECT_TRUE(value.IsPurelyIdenticalTo(ZrvPropertyValue<KELSysTSBaseUnknown*>(object)));
+    EXPECT_EQ(value.GetValue()->Release(), 2U) << "a reference for the caller";
     EXPECT_EQ(object->Release(), 1U);
     value.SetValue(object);
     EXPECT_FALSE(isGone) << "taken again before it was given up";

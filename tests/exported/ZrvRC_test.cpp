@@ -59,23 +59,6 @@ TEST(ZrvRC, AddTraceAppendsAsItIs)
     EXPECT_EQ(InWords(copy), "ok: ab");
 }
 
-TEST(ZrvRC, AddTakesTheCodeAndJoinsTracesByOneLineBreak)
-{
-    struct Case {
-        const char* own;
-        const char* added;
-        const char* words;
-    };
-    for (const Case& c :
-         {Case{"a", "b", "ok: a\nb"}, Case{"", "b", "ok: b"}, Case{"a", "", "ok: a"}, Case{"", "", "ok"}}) {
-        ZrvRC rc(ZrvRC::zrvEC_Error, c.own);
-        EXPECT_EQ(&rc.Add(ZrvRC(ZrvRC::zrvEC_OK, c.added)), &rc);
-        EXPECT_EQ(InWords(rc), c.words) << "the added code counts, whichever it is";
-    }
-    ZrvRC self(ZrvRC::zrvEC_Error, "a");
-    EXPECT_EQ(InWords(self.Add(self)), "error: a");
-}
-
 TEST(ZrvRC, InsertLinesBeginPrefixesEveryLine)
 {
     struct Case {
