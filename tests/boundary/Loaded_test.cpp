@@ -17,7 +17,7 @@ Side& SideOf(const Module& iModule)
 }
 
 /// A program that is linked with nothing, and loads a module for each side.
-class LoadedBoundary : public ::testing::TestWithParam<const char*> {};
+class LoadedBoundary : public ::testing::TestWithParam<int> {};
 
 TEST_P(LoadedBoundary, Holds)
 {
@@ -26,8 +26,8 @@ TEST_P(LoadedBoundary, Holds)
     EXPECT_STREQ(SideOf(here).Check(GetParam(), SideOf(there)), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(, LoadedBoundary, ::testing::ValuesIn(kSideChecks),
-                         [](const auto& iInfo) { return std::string(iInfo.param); });
+INSTANTIATE_TEST_SUITE_P(, LoadedBoundary, ::testing::Range(0, kSideCheckCount),
+                         [](const auto& iInfo) { return kSideChecks[iInfo.param]; });
 
 void LoadAndUse()
 {
@@ -35,12 +35,10 @@ void LoadAndUse()
     ASSERT_EQ(library.Function<int()>("QUORVEL_INTERNAL_Zorvel")(), 1);
     const Module here(SIDE_MODULE);
     const Module there(OTHER_SIDE_MODULE);
-    for (const char* check : kSideChecks) {
-        // On Windows, each module in which a failure is thrown or caught leaves its run time's thread-local slot
-        // behind.
-        if (check != std::string("AllocationFailure")) {
-            ASSERT_STREQ(SideOf(here).Check(check, SideOf(there)), "");
-        }
+    // On Windows, each module in which a failure is thrown or caught leaves its run time's thread-local slot behind:
+    // the last check does that.
+    for (int check = 0; check < kSideCheckCount - 1; ++check) {
+        ASSERT_STREQ(SideOf(here).Check(check, SideOf(there)), "");
     }
 }
 

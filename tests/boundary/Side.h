@@ -3,6 +3,8 @@
 
 #include "ZrvPropertyType.h"
 
+#include <iterator>
+
 class ZrvConstPropertiesPrototype;
 class ZrvProperties;
 class ZrvPropertyValueBase;
@@ -33,9 +35,9 @@ public:
     /// The references on the object that is this side's sample; 1 when nobody else has any.
     virtual KELUINT32 References() = 0;
 
-    /// Runs one of the checks with what the other side makes. Returns what did not hold, line by line; empty when all
-    /// did. The text is valid until the next call.
-    virtual const char* Check(const char* iCheck, Side& ioOther) = 0;
+    /// Runs one of the checks, by its index, with what the other side makes. Returns what did not hold, line by line;
+    /// empty when all did. The text is valid until the next call.
+    virtual const char* Check(int iCheck, Side& ioOther) = 0;
 
 protected:
     Side() = default;
@@ -44,9 +46,10 @@ protected:
     ~Side() = default;
 };
 
-/// The names of the checks.
+/// The names of the checks. The last one throws.
 inline constexpr const char* kSideChecks[] = {"MadeThereDeletedHere", "TypedValues", "DerivedPrototype", "DerivedValue",
                                               "AllocationFailure"};
+inline constexpr int kSideCheckCount = static_cast<int>(std::size(kSideChecks));
 
 /// The side of the module that this is built into; found by its plain name in a loaded module.
 extern "C" Side* BoundarySide();

@@ -29,16 +29,15 @@ TYPED_TEST(Allocations, NoneForAPropertyThatIsThere)
     const Samples<TypeParam> samples;
     const ZrvPropertyValue<TypeParam> value(samples.second);
     const KELUnicodeString name(std::string(1000, 'n').c_str());
-    const KELUnicodeString sameName(name.ConvertToChar());
     ZrvProperties set;
-    set.AddProperty(name, ZrvPropertyTypeConv::GetAsUnicode(value.kType), nullptr);
+    set.AddProperty(name.ConvertToChar(), ZrvPropertyTypeConv::GetAsUnicode(value.kType), nullptr);
     EXPECT_EQ(AllocationsOf([&] {
-                  EXPECT_TRUE(set.SetProperty(sameName, value).IsValid());
-                  Read<TypeParam>(set.GetProperty(sameName));
-                  EXPECT_TRUE(set.GetProperty(sameName)->IsPurelyIdenticalTo(value));
-                  EXPECT_EQ(set.HasProperty(sameName), 1);
-                  EXPECT_EQ(set.GetAvailability(sameName), ZrvProperties::zrvPA_Instantiated);
-                  EXPECT_GT(set.GetPropertyType(sameName).GetLengthInChar(), 0);
+                  EXPECT_TRUE(set.SetProperty(name, value).IsValid());
+                  Read<TypeParam>(set.GetProperty(name));
+                  EXPECT_TRUE(set.GetProperty(name)->IsPurelyIdenticalTo(value));
+                  EXPECT_EQ(set.HasProperty(name), 1);
+                  EXPECT_EQ(set.GetAvailability(name), ZrvProperties::zrvPA_Instantiated);
+                  EXPECT_GT(set.GetPropertyType(name).GetLengthInChar(), 0);
               }),
               0);
     EXPECT_EQ(AllocationsOf([&] { EXPECT_EQ(set.HasProperty("x"), 0); }), 1) << "the key itself";
@@ -53,12 +52,12 @@ TEST(AllocationCounts, OneForEachPropertyOfASetAndFewForTheSet)
         prototype.AddProperty(names[i], static_cast<ZrvPropertyType>(i % 9), nullptr);
     }
     ZrvProperties set(&prototype);
-    const auto fill = [&] {
-        for (const KELUnicodeString& name : names) {
-            set.AddProperty(name);
-        }
-    };
-    EXPECT_LE(AllocationsOf(fill), 18);
+    EXPECT_LE(AllocationsOf([&] {
+                  for (const KELUnicodeString& name : names) {
+                      set.AddProperty(name);
+                  }
+              }),
+              18);
     EXPECT_LE(AllocationsOf([&] { const ZrvProperties copy(set); }), 20);
 }
 

@@ -14,20 +14,6 @@ namespace {
 using IntMap = KELSYPHashMap<KELUnicodeString, int>;
 using KELSYPHashMapTest = ReportingTest;
 
-TEST_F(KELSYPHashMapTest, InsertsReplacesFindsAndRemoves)
-{
-    IntMap map;
-    const KELSYPConstHashMap<KELUnicodeString, int>& reader = map;
-    EXPECT_EQ(map.Insert("", 2), 1) << "an empty key is a key like any other";
-    *map.Locate("") = 4;
-    EXPECT_EQ(*reader.Locate(""), 4);
-    EXPECT_EQ(reader.Contains(""), 1);
-    EXPECT_EQ(reader.Contains("b"), 0);
-    map.RemoveAll();
-    EXPECT_EQ(reader.Size(), 0);
-    EXPECT_EQ(map.Insert("", 5), 1);
-}
-
 // Many keys with adds and removes in between, so that buckets split and elements move into holes.
 TEST_F(KELSYPHashMapTest, AgreesWithAnOrderedMapWhileItGrowsAndShrinks)
 {
@@ -42,16 +28,16 @@ TEST_F(KELSYPHashMapTest, AgreesWithAnOrderedMapWhileItGrowsAndShrinks)
         }
         ASSERT_EQ(map.Size(), static_cast<int>(model.size()));
     }
-    for (int i = 0; i < 2003; ++i) {
-        const std::string key = "key" + std::to_string(i);
-        ASSERT_EQ(map.Locate(key.c_str()) != nullptr, model.count(key) == 1) << key;
-    }
     std::map<std::string, int> walked;
     for (KELSYPHashMapIteratorHolder<KELUnicodeString, int> it(map); !it.IsDone(); it.Next()) {
         walked[it.CurrentItem()->pKey->ConvertToChar()] = *it.CurrentItem()->pValue;
         EXPECT_EQ(map.Locate(*it.CurrentItem()->pKey), it.CurrentItem()->pValue);
     }
     EXPECT_EQ(walked, model);
+    map.RemoveAll();
+    EXPECT_EQ(map.Contains("key1") + map.Size(), 0);
+    EXPECT_EQ(map.Insert("", 2), 1) << "an empty key is a key like any other";
+    EXPECT_EQ(map.Contains(""), 1);
 }
 
 TEST_F(KELSYPHashMapTest, ReleasesWhatValuesHoldAndNothingThatTheyPointTo)
@@ -107,28 +93,22 @@ TEST_F(KELSYPHashMapTest, TableFunctionsReadKeysAndReportNulls)
     EXPECT_EQ(Answer(IntMap::CompareElements(&entry, nullptr)), "0 [pointer i_elem2 in KELSYPHashMap]");
 }
 
-unsigned int HashInt(void* iElement)
-{
-    return static_cast<unsigned int>(*static_cast<int*>(iElement) % 4);
-}
-
-int EqualInts(void* iOne, void* iOther)
-{
-    return *static_cast<int*>(iOne) == *static_cast<int*>(iOther) ? 1 : 0;
-}
-
 // Four hashes for a hundred elements: chains are long, and the ends and middles of chains are taken out.
 TEST(KELSysSimpleHashTable, StaysDenseWithCollidingHashes)
 {
-    int values[100];
-    KELSysSimpleHashTable table(5, &HashInt, &EqualInts);
+    KELSysSimpleHashTable table(
+        5, [](void* iElement) { return *static_cast<unsigned int*>(iElement) % 4; },
+        [](void* iOne, void* iOther) {
+            return *static_cast<unsigned int*>(iOne) == *static_cast<unsigned int*>(iOther) ? 1 : 0;
+        });
+    unsigned int values[100] = {};
     EXPECT_EQ(table.Locate(&values[0]), nullptr);
     EXPECT_EQ(table.InsertAndReturn(nullptr), nullptr);
-    for (int i = 0; i < 100; ++i) {
+    for (unsigned int i = 0; i < 100; ++i) {
         values[i] = i;
         EXPECT_EQ(table.InsertAndReturn(&values[i]), &values[i]);
     }
-    int again = 42;
+    unsigned int again = 42;
     EXPECT_EQ(table.InsertAndReturn(&again), &values[42]);
     for (int i = 0; i < 100; i += 3) {
         EXPECT_EQ(table.Remove(&values[i]), &values[i]);
@@ -144,9 +124,6 @@ TEST(KELSysSimpleHashTable, StaysDenseWithCollidingHashes)
     for (int i = 0; i < 100; ++i) {
         EXPECT_EQ(table.Locate(&values[i]), i % 3 == 0 ? nullptr : &values[i]);
     }
-    table.RemoveAll();
-    EXPECT_EQ(table.Size(), 0);
-    EXPECT_EQ(table.Locate(&values[1]), nullptr);
 }
 
 } // namespace

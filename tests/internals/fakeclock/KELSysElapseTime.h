@@ -12,12 +12,8 @@ public:
     }
     int GetElapse(double& oMicroseconds) const
     {
-        if (s_isBroken) {
-            oMicroseconds = 5e6;
-            return -1;
-        }
-        oMicroseconds = s_microseconds;
-        return 0;
+        oMicroseconds = s_isBroken ? 5e6 : s_microseconds;
+        return s_isBroken ? -1 : 0;
     }
 
     static inline double s_microseconds = 0.0;

@@ -2,6 +2,7 @@
 #define KELSysSimpleHashTable_H
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 /// A table with the platform's interface and no hashing, which can be full, lose what it stored and hold nulls.
@@ -14,11 +15,7 @@ public:
         if (void* stored = Locate(iElement)) {
             return stored;
         }
-        if (s_isFull) {
-            return nullptr;
-        }
-        m_elements.push_back(iElement);
-        return iElement;
+        return s_isFull ? nullptr : m_elements.emplace_back(iElement);
     }
     void* Locate(void* iProbe) const
     {
@@ -33,9 +30,7 @@ public:
     {
         for (void*& element : m_elements) {
             if (element && m_equal(element, iProbe)) {
-                void* const removed = element;
-                element = nullptr;
-                return removed;
+                return std::exchange(element, nullptr);
             }
         }
         return nullptr;
