@@ -38,6 +38,21 @@ TEST_F(ZrvPrototypeImplTest, DeclaresOnlyWhatAgrees)
     EXPECT_EQ(prototype.GetPropertyAsType("n"), zrvPT_INT32);
 }
 
+/// A builder that refuses every declaration by type name.
+class RefusingPrototype : public ZrvPrototypeImpl {
+public:
+    using ZrvPrototypeImpl::AddProperty;
+    ZrvRC AddProperty(const KELUnicodeString&, const KELUnicodeString& iType, ZrvConstPropertiesPrototype*) override
+    {
+        return ZrvRC(ZrvRC::zrvEC_Error, iType);
+    }
+};
+
+TEST_F(ZrvPrototypeImplTest, EnumeratedFormGoesThroughTheTypeNameForm)
+{
+    EXPECT_EQ(Answer(RefusingPrototype().AddProperty("n", zrvPT_FloatList, nullptr)), "error: floatList");
+}
+
 TEST_F(ZrvPrototypeImplTest, HandsNestedPrototypesOut)
 {
     prototype.AddProperty("with", "float", &nested);
