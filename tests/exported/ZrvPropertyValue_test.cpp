@@ -71,7 +71,7 @@ class TypedValues : public ReportingTest {
 protected:
     using Value = ZrvPropertyValue<T>;
 
-    const Samples<T> samples;
+    Samples<T> samples;
     Value value{samples.first};
 };
 TYPED_TEST_SUITE(TypedValues, NineTypes<::testing::Types>);
