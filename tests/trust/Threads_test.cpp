@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
-#include <latch>
 #include <string>
 #include <vector>
 
@@ -25,17 +24,19 @@ using Job = std::function<void(int iRound)>;
 void RunTogether(const std::vector<Job>& iJobs)
 {
     using Clock = std::chrono::steady_clock;
-    std::latch start(static_cast<std::ptrdiff_t>(iJobs.size()));
+    std::promise<void> start; // no std::latch: that of MinGW's run time loses wake-ups under Wine
+    const std::shared_future<void> started = start.get_future().share();
     std::vector<std::future<void>> runs;
     for (const Job& job : iJobs) {
-        runs.push_back(std::async(std::launch::async, [&start, &job] {
-            start.arrive_and_wait();
+        runs.push_back(std::async(std::launch::async, [started, &job] {
+            started.wait();
             const auto end = Clock::now() + std::chrono::milliseconds(500);
             for (int round = 0; Clock::now() < end; ++round) {
                 job(round);
             }
         }));
     }
+    start.set_value();
     for (std::future<void>& run : runs) {
         if (run.wait_for(std::chrono::minutes(1)) != std::future_status::ready) {
             std::fputs("The threads have been waiting for each other for a minute.\n", stderr);
