@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -98,12 +99,17 @@ TEST_F(ZrvPropertiesDataTest, NamelessEntriesAreNeitherListedNorDuplicated)
     EXPECT_EQ(copy.HasProperty("n"), 1);
 }
 
-/// An object that assigns to the set that lets go of it.
+/// An object that assigns to the set that lets go of it, and notes who holds its property's prototype then.
 class Meddler : public CountedObject {
 public:
-    Meddler(ZrvPropertiesData& ioSet, const ZrvPropertiesData& iSource) : m_set(ioSet), m_source(iSource) {}
+    Meddler(ZrvPropertiesData& ioSet, const ZrvPropertiesData& iSource, ZrvPrototypeImpl& ioPrototype,
+            std::vector<KELUINT32>& ioHolders)
+        : m_set(ioSet), m_source(iSource), m_prototype(ioPrototype), m_holders(ioHolders)
+    {
+    }
     ~Meddler() override
     {
+        m_holders.push_back(CountOf(m_prototype));
         m_set.AddProperty("late", "KELINT32", nullptr);
         m_set = m_source;
     }
@@ -111,21 +117,25 @@ public:
 private:
     ZrvPropertiesData& m_set;
     const ZrvPropertiesData& m_source;
+    ZrvPrototypeImpl& m_prototype;
+    std::vector<KELUINT32>& m_holders;
 };
 
 TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
 {
     ZrvPropertiesData source(nullptr);
+    std::vector<KELUINT32> holders;
     for (const char* name : {"a", "b", "c"}) {
         source.AddProperty(name, "KELINT32", nullptr);
         free.AddProperty(name, "KELSysTSBaseUnknownPtr", &prototype);
-        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new Meddler(free, source));
+        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new Meddler(free, source, prototype, holders));
         free.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
     }
     free = source;
     free = std::as_const(free);
     EXPECT_EQ(free.m_propertyMap.Size(), 3);
     EXPECT_EQ(Answer(free.GetPropertyType("b")), "'KELINT32'");
+    EXPECT_EQ(holders, (std::vector<KELUINT32>{5, 4, 3})) << "a value goes before the prototype that describes it";
     EXPECT_EQ(CountOf(prototype), 2U);
 }
 
