@@ -34,9 +34,9 @@ ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource) : ZrvProp
     m_pPrototype = iSource.m_pPrototype;
     for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
         if (source.key.GetLengthInChar() > 0 && source.value) {
-            PropertyMap::EntryHolder entry = m_propertyMap.MakeEntry(source.key, nullptr);
-            std::unique_ptr<ZrvProperty> property = source.value->DuplicateIn(PropertyMap::RoomOf(*entry));
-            Insert_Int(std::move(entry), std::move(property));
+            NewProperty copy{m_propertyMap.MakeEntry(source.key, nullptr), nullptr};
+            copy.property = source.value->DuplicateIn(PropertyMap::RoomOf(*copy.entry));
+            Insert_Int(copy);
         }
     }
 }
@@ -82,30 +82,26 @@ ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) 
 bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                         ZrvConstPropertiesPrototype* iPropertyPrototype)
 {
-    PropertyMap::EntryHolder entry = m_propertyMap.MakeEntry(iPropertyName, nullptr);
-    std::unique_ptr<ZrvProperty> property =
-        ZrvProperty::CreateIn(PropertyMap::RoomOf(*entry), iPropertyType, iPropertyPrototype);
-    if (!property) {
+    NewProperty made{m_propertyMap.MakeEntry(iPropertyName, nullptr), nullptr};
+    made.property = ZrvProperty::CreateIn(PropertyMap::RoomOf(*made.entry), iPropertyType, iPropertyPrototype);
+    if (!made.property) {
         return false;
     }
-    Insert_Int(std::move(entry), std::move(property));
+    Insert_Int(made);
     return true;
 }
 
-void ZrvPropertiesData::Insert_Int(PropertyMap::EntryHolder iEntry, std::unique_ptr<ZrvProperty> iProperty)
+void ZrvPropertiesData::Insert_Int(NewProperty& ioNew)
 {
-    // Until the map has the entry it is destroyed after the property that lies in it.
-    PropertyMap::EntryHolder entry = std::move(iEntry);
-    std::unique_ptr<ZrvProperty> property = std::move(iProperty);
-    entry->value = property.get();
-    switch (m_propertyMap.InsertEntry(entry)) {
+    ioNew.entry->value = ioNew.property.get();
+    switch (m_propertyMap.InsertEntry(ioNew.entry)) {
     case 1:
-        static_cast<void>(property.release());
+        static_cast<void>(ioNew.property.release());
         break;
     case 0: // there is an entry, which may lack a property
-        if (!Find_Int(entry->key)) {
-            std::unique_ptr<ZrvProperty> copy(property->Duplicate());
-            m_propertyMap.Insert(entry->key, copy.get());
+        if (!Find_Int(ioNew.entry->key)) {
+            std::unique_ptr<ZrvProperty> copy(ioNew.property->Duplicate());
+            m_propertyMap.Insert(ioNew.entry->key, copy.get());
             static_cast<void>(copy.release());
         }
         break;

@@ -57,6 +57,12 @@ public:
 private:
     using PropertyMap = KELSYPHashMap<KELUnicodeString, ZrvProperty*>;
 
+    /// A property on its way into the map. It lies in the room behind the entry, and so is destroyed before it.
+    struct NewProperty {
+        PropertyMap::EntryHolder entry;
+        std::unique_ptr<ZrvProperty> property;
+    };
+
     ZrvRC AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                           ZrvConstPropertiesPrototype* iPropertyPrototype) KEL_REQUIRES(m_mutex);
     ZrvRC AddProperty_Int(const KELUnicodeString& iPropertyName) KEL_REQUIRES(m_mutex);
@@ -86,8 +92,8 @@ private:
     bool Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                          ZrvConstPropertiesPrototype* iPropertyPrototype) KEL_REQUIRES(m_mutex);
 
-    /// Puts a property that lies in the room behind the entry into the map.
-    void Insert_Int(PropertyMap::EntryHolder iEntry, std::unique_ptr<ZrvProperty> iProperty) KEL_REQUIRES(m_mutex);
+    /// Gives a property to the map; a map that has one of that name, or takes no more, leaves it where it is.
+    void Insert_Int(NewProperty& ioNew) KEL_REQUIRES(m_mutex);
 
     PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex){sizeof(ZrvProperty)}; // each property behind its entry
     KELReference<ZrvConstPropertiesPrototype> m_pPrototype KEL_GUARDED_BY(m_mutex);
