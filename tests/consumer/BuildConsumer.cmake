@@ -27,13 +27,19 @@ add_executable(Consumer main.cpp)
 target_compile_options(Consumer PRIVATE -Wall -Wextra -Wpedantic -Werror)
 set_target_properties(Consumer PROPERTIES CXX_STANDARD 17 CXX_STANDARD_REQUIRED ON)
 target_link_libraries(Consumer PRIVATE Zorvel::Zorvel)
+if(WIN32) # the compiler's own run time is in no folder that is searched
+    target_link_options(Consumer PRIVATE -static)
+endif()
 ]])
 
+# The program comes to lie where the libraries are, which is where Windows looks for them.
 run(${CMAKE_COMMAND} --install ${built} --prefix ${folder}/prefix)
 run(${CMAKE_COMMAND} -G ${generator} -S ${folder} -B ${folder}/build
-    -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_PREFIX_PATH=${folder}/prefix)
+    -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DZorvel_DIR=${folder}/prefix/${libraries}/cmake/Zorvel
+    -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${folder}/prefix/bin)
 run(${CMAKE_COMMAND} --build ${folder}/build)
-run(${folder}/build/Consumer)
+run(${emulator} ${folder}/prefix/bin/Consumer${suffix})
+string(REPLACE "\r\n" "\n" output "${output}")
 if(NOT output STREQUAL "a float for the width: refused\nwidth 1920\n")
     message(FATAL_ERROR "the program printed: ${output}")
 endif()
