@@ -46,6 +46,16 @@ TEST(KELUnicodeString, ComparesExactlyAndSortsByCodePoint)
     }
 }
 
+TEST(KELUnicodeString, TellsTextsOfOneHashApart)
+{
+    const KELUnicodeString texts[][2] = {{"rate73436", "rate73804"}, {"rate31162", "frame59897"}};
+    for (const auto& [one, other] : texts) {
+        ASSERT_EQ(one.ComputeHashKey(), other.ComputeHashKey()) << "another hash needs other texts";
+        EXPECT_FALSE(one == other);
+        EXPECT_NE(one.Compare(other), 2);
+    }
+}
+
 TEST(KELUnicodeString, AppendAndInsertLeaveOtherHoldersAlone)
 {
     KELUnicodeString text("caf\xC3\xA9");
