@@ -35,8 +35,8 @@ endif()
 # The program comes to lie where the libraries are, which is where Windows looks for them.
 run(${CMAKE_COMMAND} --install ${built} --prefix ${folder}/prefix)
 run(${CMAKE_COMMAND} -G ${generator} -S ${folder} -B ${folder}/build
-    -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DZorvel_DIR=${folder}/prefix/${libraries}/cmake/Zorvel
-    -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${folder}/prefix/bin)
+    -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_TOOLCHAIN_FILE=${toolchain}
+    -DZorvel_DIR=${folder}/prefix/${libraries}/cmake/Zorvel -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${folder}/prefix/bin)
 run(${CMAKE_COMMAND} --build ${folder}/build)
 run(${emulator} ${folder}/prefix/bin/Consumer${suffix})
 string(REPLACE "\r\n" "\n" output "${output}")

@@ -125,11 +125,14 @@ TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
 {
     ZrvPropertiesData source(nullptr);
     std::vector<KELUINT32> holders;
+    const auto giveMeddler = [&](ZrvPropertiesData& ioSet, const char* iName) {
+        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new Meddler(free, source, prototype, holders));
+        ioSet.SetProperty(iName, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
+    };
     for (const char* name : {"a", "b", "c"}) {
         source.AddProperty(name, "KELINT32", nullptr);
         free.AddProperty(name, "KELSysTSBaseUnknownPtr", &prototype);
-        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new Meddler(free, source, prototype, holders));
-        free.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
+        giveMeddler(free, name);
     }
     free = source;
     free = std::as_const(free);
@@ -137,6 +140,15 @@ TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
     EXPECT_EQ(Answer(free.GetPropertyType("b")), "'KELINT32'");
     EXPECT_EQ(holders, (std::vector<KELUINT32>{5, 4, 3})) << "a value goes before the prototype that describes it";
     EXPECT_EQ(CountOf(prototype), 2U);
+
+    prototype.AddProperty("object", zrvPT_BaseUnknownPtr, nullptr);
+    {
+        ZrvPropertiesData going(&prototype);
+        going.AddProperty("object");
+        giveMeddler(going, "object");
+        EXPECT_EQ(CountOf(prototype), 3U);
+    }
+    EXPECT_EQ(holders.back(), 2U) << "a set's prototype goes before its properties";
 }
 
 TEST_F(ZrvPropertiesDataTest, NestedParametersAreHandedOutAsCopies)
