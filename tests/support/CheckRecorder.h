@@ -18,15 +18,17 @@ public:
         s_current = m_outer;
     }
 
-    /// The reports since the last call, each as " [kind text in file]"; lines are left out.
+    /// The reports since the last call, each as " [kind text in file]". The library adds no remark of its own and
+    /// always says the line; where that fails, " (odd)" follows the file.
     std::string Take() { return std::exchange(m_reports, {}); }
 
 private:
     static void Record(const KELCheckFailure& iFailure)
     {
         static constexpr const char* kKinds[] = {"condition", "pointer", "message"};
-        s_current->m_reports +=
-            std::string(" [") + kKinds[iFailure.kind] + " " + iFailure.text + " in " + iFailure.file + "]";
+        const bool isOdd = iFailure.message || iFailure.line < 1;
+        s_current->m_reports += std::string(" [") + kKinds[iFailure.kind] + " " + iFailure.text + " in " +
+                                iFailure.file + (isOdd ? " (odd)]" : "]");
     }
 
     static inline CheckRecorder* s_current = nullptr;
