@@ -2,7 +2,6 @@
 #include "CountedObject.h"
 #include "KELListValKELUnicodeString.h"
 #include "KELMutex.h"
-#include "KELReference.h"
 #include "KELSysElapseTime.h"
 #include "KELSysTSListOfUnicodeString.h"
 
@@ -67,25 +66,6 @@ TEST(KELSysTSBaseUnknown, CountsAndKnowsNoInterface)
     EXPECT_FALSE(isGone);
     EXPECT_EQ(object->Release(), 0U);
     EXPECT_TRUE(isGone);
-}
-
-TEST(KELReference, TakesAndGivesBackOnce)
-{
-    using Reference = KELReference<KELSysTSBaseUnknown>;
-    CountedObject object;
-    {
-        Reference holder(&object);
-        Reference copy(holder);
-        EXPECT_EQ(CountOf(object), 3U);
-        Reference moved(std::move(copy));
-        moved = holder;
-        moved = &object;
-        EXPECT_EQ(CountOf(object), 3U);
-        copy = Reference::Adopt(holder.Share());
-        EXPECT_EQ(CountOf(object), 4U);
-        EXPECT_TRUE(copy == &object && copy);
-    }
-    EXPECT_EQ(CountOf(object), 1U);
 }
 
 TEST(PlatformLists, KeepOrderAndAnswerAnyPosition)

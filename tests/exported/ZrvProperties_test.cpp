@@ -184,13 +184,4 @@ TEST_F(ZrvPropertiesTest, CallersPrototypesMayAnswerNonsense)
     EXPECT_EQ(OddPrototype(odd).AddRef(), 2U) << "a copy starts with a reference of its own";
 }
 
-TEST_F(ZrvPropertiesTest, NamesMayBeLongAndIllFormed)
-{
-    const std::string longName(100000, 'n');
-    ZrvProperties set = Ints({{longName.c_str(), 1}, {"\xFF", 2}, {"\xC3", 3}, {"\xF0\x9F\x98\x80", 4}});
-    EXPECT_EQ(Contents(set), longName + "=1 \xC3=3 \xF0\x9F\x98\x80=4 \xFF=2");
-    EXPECT_EQ(set.HasProperty("\xFE"), 0);
-    EXPECT_EQ(set.HasProperty((longName + "n").c_str()), 0);
-}
-
 } // namespace

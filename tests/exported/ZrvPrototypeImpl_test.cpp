@@ -12,32 +12,6 @@ protected:
     ZrvPrototypeImpl prototype;
 };
 
-TEST_F(ZrvPrototypeImplTest, DeclaresOnlyWhatAgrees)
-{
-    EXPECT_EQ(Answer(prototype.AddProperty("", zrvPT_Float, &nested)), "error");
-    EXPECT_EQ(Answer(prototype.AddProperty("n", zrvPT_Undefined, &nested)), "error");
-    struct Case {
-        const char* name;
-        const char* type;
-        ZrvConstPropertiesPrototype* nested;
-        const char* answer;
-        KELUINT32 references;
-    };
-    const Case cases[] = {
-        {"", "KELINT32", &nested, "error", 1}, {"n", "", &nested, "error", 1},
-        {"n", "KELINT32", nullptr, "ok", 1},   {"n", "KELINT32", nullptr, "ok", 1},
-        {"n", "float", nullptr, "error", 1},   {"n", "float", &nested, "error", 1},
-        {"n", "KELINT32", &nested, "ok", 2},   {"n", "KELINT32", &nested, "error", 2},
-        {"n", "KELINT32", &other, "error", 2}, {"n", "KELINT32", nullptr, "ok", 2},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(Answer(prototype.AddProperty(c.name, c.type, c.nested)), c.answer) << c.name << " " << c.type;
-        EXPECT_EQ(CountOf(nested), c.references);
-        EXPECT_EQ(CountOf(other), 1U);
-    }
-    EXPECT_EQ(prototype.GetPropertyAsType("n"), zrvPT_INT32);
-}
-
 /// A builder that refuses every declaration by type name.
 class RefusingPrototype : public ZrvPrototypeImpl {
 public:

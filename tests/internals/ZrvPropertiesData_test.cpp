@@ -151,19 +151,4 @@ TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
     EXPECT_EQ(holders.back(), 2U) << "a set's prototype goes before its properties";
 }
 
-TEST_F(ZrvPropertiesDataTest, NestedParametersAreHandedOutAsCopies)
-{
-    free.AddProperty("n", "float", nullptr);
-    ZrvProperty* const property = *free.m_propertyMap.Locate("n");
-    property->m_pParameters = std::make_unique<ZrvProperties>();
-    property->m_pParameters->AddProperty("nested", "KELINT32", nullptr);
-    const ZrvPropertiesData copy(free);
-    for (const ZrvPropertiesData* each : {&std::as_const(free), &copy}) {
-        const std::unique_ptr<ZrvProperties> parameters(each->GetPropertyParameters("n"));
-        ASSERT_NE(parameters, nullptr);
-        EXPECT_EQ(parameters->HasProperty("nested"), 1);
-        EXPECT_NE(parameters, property->m_pParameters);
-    }
-}
-
 } // namespace

@@ -27,41 +27,6 @@ protected:
     ZrvPrototypeImpl prototype;
 };
 
-template <class T>
-class Factory : public ZrvPropertyTest {
-};
-TYPED_TEST_SUITE(Factory, NineTypes<::testing::Types>);
-
-TYPED_TEST(Factory, MakesDefaultsAndDeepCopies)
-{
-    using Value = ZrvPropertyValue<TypeParam>;
-    TypeParam standard{};
-    if constexpr (std::is_same_v<TypeParam, KELBoolean>) {
-        standard = 1;
-    } else if constexpr (std::is_same_v<TypeParam, KELRawCollfloat>) {
-        standard.Size(3, 0.0F);
-    }
-    const Samples<TypeParam> samples;
-    {
-        const auto property = this->Create(ZrvPropertyTypeConv::GetAsUnicode(Value::kType), &this->prototype);
-        ASSERT_NE(property, nullptr);
-        const ZrvPropertyValueBase* held = property->GetValue();
-        EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(property->GetType()), Value::kType);
-        EXPECT_TRUE(held->IsPurelyIdenticalTo(Value(standard)));
-        EXPECT_EQ(this->Answer(property->SetValue(Value(samples.first))), "ok");
-        EXPECT_EQ(property->GetValue(), held);
-
-        const std::unique_ptr<ZrvProperty> copy(property->Duplicate());
-        EXPECT_EQ(CountOf(this->prototype), 3U);
-        EXPECT_TRUE(copy->GetValue()->IsPurelyIdenticalTo(*held));
-        EXPECT_TRUE(copy->AssignPlain(Value(samples.second)));
-        EXPECT_TRUE(copy->GetValue()->IsPurelyIdenticalTo(Value(samples.second)));
-        EXPECT_EQ(this->Answer(property->SetValue(ZrvPropertyValueBase())), "error" + g_refused);
-        EXPECT_TRUE(held->IsPurelyIdenticalTo(Value(samples.first)));
-    }
-    EXPECT_EQ(CountOf(this->prototype), 1U);
-}
-
 TEST_F(ZrvPropertyTest, FactoryRefusesWhatItDoesNotKnow)
 {
     for (const char* type : {"", "int", "floatList ", "kelint32"}) {
