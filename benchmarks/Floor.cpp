@@ -80,7 +80,7 @@ void AddFloor()
     if (!IsCountingInstructions()) {
         AddWorkload("LongestAddition", kFloor, &DoublePointerArray)
             ->Iterations(1)
-            ->Repetitions(kMillionRepetitions)
+            ->Repetitions(kLongestRepetitions)
             ->UseManualTime();
     }
 }

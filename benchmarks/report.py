@@ -62,7 +62,7 @@ A set has 16 properties of all nine types, with names of 5 to 30 characters; the
 to the names but share nothing with them. All contestants run in one process, their repetitions in random order, with
 two more threads parked. Numbers are medians of processor time per operation. The throughput of threads is by elapsed
 time: it means something only when the machine has nothing else to do, which the processor time beside it shows. The
-longest addition is the shortest of three runs' longest. Heap allocations count `malloc`, `calloc`, `realloc` and what is
+longest addition is the shortest of nine runs' longest. Heap allocations count `malloc`, `calloc`, `realloc` and what is
 built on them, in all modules. Times of different machines and runs do not compare: read the ratios.
 """
 
