@@ -54,7 +54,7 @@ TEST_F(ZrvPropertyValueBaseTest, IsAValueWithoutType)
     ZrvPropertyValue<float> typed(1);
     EXPECT_EQ(Answer(typed.SetValueFromProperty(unknown)), "error");
     EXPECT_FALSE(typed.IsPurelyIdenticalTo(unknown));
-    EXPECT_EQ(Answer(NamedValue("float").SetValueFromProperty(value)),
+    EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(value)),
               "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
 }
 
