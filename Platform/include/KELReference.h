@@ -63,10 +63,6 @@ public:
     {
         return iHolder.m_object == iObject;
     }
-    friend bool operator!=(const KELReference& iHolder, const T* iObject) noexcept
-    {
-        return iHolder.m_object != iObject;
-    }
 
 private:
     void Swap(KELReference& ioOther) noexcept { std::swap(m_object, ioOther.m_object); }

@@ -3,7 +3,6 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
-#include <utility>
 
 namespace {
 
@@ -36,13 +35,6 @@ long OwnMemory::Allocations()
 long OwnMemory::Live()
 {
     return g_live;
-}
-
-OwnMemory::Pause::Pause() : m_countdown(std::exchange(g_countdown, 0)) {}
-
-OwnMemory::Pause::~Pause()
-{
-    g_countdown = m_countdown;
 }
 
 void* operator new(std::size_t iSize)

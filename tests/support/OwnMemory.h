@@ -16,18 +16,6 @@ public:
     static long Allocations();
     static long Live();
     /// @}
-
-    /// No allocation fails, nor counts for `FailAt`, while one of these lives.
-    class Pause {
-    public:
-        Pause();
-        Pause(const Pause&) = delete;
-        Pause& operator=(const Pause&) = delete;
-        ~Pause();
-
-    private:
-        long m_countdown;
-    };
 };
 
 #endif
