@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -66,52 +67,45 @@ TEST(Layout, SizesAndNumbersOfSlots)
     }
 }
 
+template <class... Members>
+std::string SlotsOf(Members... iMembers)
+{
+    std::string slots;
+    ((slots += std::to_string(SlotOf(iMembers)) + " "), ...);
+    return slots;
+}
+
 // A destructor is in two slots that have no name here.
 TEST(Layout, OrderOfVirtualOperations)
 {
-    struct Case {
-        const char* name;
-        std::size_t actual, slot;
-    };
-#define LAYOUT_SLOT(Class, Member) #Class "::" #Member, SlotOf(&Class::Member)
-#define LAYOUT_OVERLOAD(Class, Member, Signature)                                                                      \
-#Class "::" #Member " " #Signature, SlotOf(static_cast <Operation <Class, Signature>>(&Class::Member))
-    const Case cases[] = {
-        {LAYOUT_SLOT(KELSysTSBaseUnknown, QueryInterface), 0},
-        {LAYOUT_SLOT(KELSysTSBaseUnknown, AddRef), 1},
-        {LAYOUT_SLOT(KELSysTSBaseUnknown, Release), 2},
-        {LAYOUT_SLOT(KELSysTSBaseUnknown, GetMetaObject), 3},
-        {LAYOUT_SLOT(ZrvPropertyValueBase, GetType), 2},
-        {LAYOUT_SLOT(ZrvPropertyValueBase, Duplicate), 3},
-        {LAYOUT_SLOT(ZrvPropertyValueBase, SetValueFromProperty), 4},
-        {LAYOUT_SLOT(ZrvPropertyValueBase, IsPurelyIdenticalTo), 5},
-        {LAYOUT_SLOT(ZrvPropertyValue<float>, SetValue), 6},
-        {LAYOUT_SLOT(ZrvPropertyValue<float>, GetValue), 7},
-        {LAYOUT_SLOT(ZrvPropertyValue<KELSysTSBaseUnknown*>, SetValue), 6},
-        {LAYOUT_SLOT(ZrvPropertyValue<KELSysTSBaseUnknown*>, GetValue), 7},
-        {LAYOUT_SLOT(ZrvConstPropertiesPrototype, GetListProperties), 6},
-        {LAYOUT_SLOT(ZrvConstPropertiesPrototype, HasProperty), 7},
-        {LAYOUT_SLOT(ZrvConstPropertiesPrototype, GetPropertyType), 8},
-        {LAYOUT_SLOT(ZrvConstPropertiesPrototype, GetPropertyAsType), 9},
-        {LAYOUT_SLOT(ZrvConstPropertiesPrototype, GetPropertyPrototype), 10},
-        {LAYOUT_OVERLOAD(ZrvPropertiesPrototype, AddProperty, ZrvRC(Name, Name, Nested)), 11},
-        {LAYOUT_OVERLOAD(ZrvPropertiesPrototype, AddProperty, ZrvRC(Name, ZrvPropertyType, Nested)), 12},
-        {LAYOUT_SLOT(ZrvPropertiesPrototype, RemoveProperty), 13},
-        {LAYOUT_OVERLOAD(ZrvPrototypeImpl, GetPropertyPrototype, ZrvRC(Name, Nested&)), 14},
-        {LAYOUT_SLOT(ZrvProperties, GetPrototype), 2},
-        {LAYOUT_SLOT(ZrvProperties, HasProperty), 3},
-        {LAYOUT_OVERLOAD(ZrvProperties, GetListProperties, int(KELSysTSListOfUnicodeString&) const), 4},
-        {LAYOUT_OVERLOAD(ZrvProperties, GetListProperties, int(KELListValKELUnicodeString&) const), 5},
-        {LAYOUT_SLOT(ZrvProperties, GetAvailability), 6},
-        {LAYOUT_SLOT(ZrvProperties, GetPropertyType), 7},
-        {LAYOUT_OVERLOAD(ZrvProperties, AddProperty, ZrvRC(Name, Name, Nested)), 8},
-        {LAYOUT_OVERLOAD(ZrvProperties, AddProperty, ZrvRC(Name)), 9},
-        {LAYOUT_SLOT(ZrvProperties, GetPropertyParameters), 10},
-        {LAYOUT_SLOT(ZrvProperties, SetFromProperties), 11},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.actual, c.slot) << c.name;
-    }
+    using Counted = KELSysTSBaseUnknown;
+    using Base = ZrvPropertyValueBase;
+    using Float = ZrvPropertyValue<float>;
+    using Object = ZrvPropertyValue<KELSysTSBaseUnknown*>;
+    using Const = ZrvConstPropertiesPrototype;
+    using Set = ZrvProperties;
+    EXPECT_EQ(SlotsOf(&Counted::QueryInterface, &Counted::AddRef, &Counted::Release, &Counted::GetMetaObject),
+              "0 1 2 3 ");
+    EXPECT_EQ(SlotsOf(&Base::GetType, &Base::Duplicate, &Base::SetValueFromProperty, &Base::IsPurelyIdenticalTo),
+              "2 3 4 5 ");
+    EXPECT_EQ(SlotsOf(&Float::SetValue, &Float::GetValue, &Object::SetValue, &Object::GetValue), "6 7 6 7 ");
+    EXPECT_EQ(SlotsOf(&Const::GetListProperties, &Const::HasProperty, &Const::GetPropertyType,
+                      &Const::GetPropertyAsType, &Const::GetPropertyPrototype),
+              "6 7 8 9 10 ");
+    EXPECT_EQ(
+        SlotsOf(Operation<ZrvPropertiesPrototype, ZrvRC(Name, Name, Nested)>(&ZrvPropertiesPrototype::AddProperty),
+                Operation<ZrvPropertiesPrototype, ZrvRC(Name, ZrvPropertyType, Nested)>(
+                    &ZrvPropertiesPrototype::AddProperty),
+                &ZrvPropertiesPrototype::RemoveProperty,
+                Operation<ZrvPrototypeImpl, ZrvRC(Name, Nested&)>(&ZrvPrototypeImpl::GetPropertyPrototype)),
+        "11 12 13 14 ");
+    EXPECT_EQ(
+        SlotsOf(&Set::GetPrototype, &Set::HasProperty,
+                Operation<Set, int(KELSysTSListOfUnicodeString&) const>(&Set::GetListProperties),
+                Operation<Set, int(KELListValKELUnicodeString&) const>(&Set::GetListProperties), &Set::GetAvailability,
+                &Set::GetPropertyType, Operation<Set, ZrvRC(Name, Name, Nested)>(&Set::AddProperty),
+                Operation<Set, ZrvRC(Name)>(&Set::AddProperty), &Set::GetPropertyParameters, &Set::SetFromProperties),
+        "2 3 4 5 6 7 8 9 10 11 ");
 }
 
 } // namespace

@@ -20,14 +20,6 @@ struct Outcome {
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
 
-/// A real prototype that is counted while it lives, for the comparison with the models that live.
-class WatchedPrototype : public ZrvPrototypeImpl {
-public:
-    WatchedPrototype() { ++s_alive; }
-    ~WatchedPrototype() override { --s_alive; }
-    static inline int s_alive = 0;
-};
-
 struct PrototypeModel;
 /// Counts as the real references do: what holds a prototype holds one of these.
 using PrototypeRef = std::shared_ptr<PrototypeModel>;
@@ -55,13 +47,14 @@ struct PrototypeModel {
         return {};
     }
 
-    /// Every other one is a `WatchedPrototype`; the rest are of the library's own class, for which it has short cuts.
+    /// Every other one is counted; the rest are of the library's own class, for which it has short cuts.
     int IsWatched() const { return age % 2; }
 
     int age;
     ZrvPrototypeImpl* real; // gone when this is
     std::map<std::string, Declaration> declared;
-    static inline int s_alive = 0;
+    static inline int s_alive = 0;     // of those that are counted
+    static inline int s_realAlive = 0; // real ones, which count themselves
 };
 
 /// A property set as maps and plain values. The names of a source come in the order in which the real set lists them.

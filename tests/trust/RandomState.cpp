@@ -12,7 +12,8 @@ unsigned char g_bytes[2];
 
 } // namespace
 
-RandomState::RandomState(Choices& ioChoices) : m_choices(ioChoices)
+RandomState::RandomState(Choices& ioChoices, Maker* ioOther)
+    : m_choices(ioChoices), m_makers{&m_own, ioOther ? ioOther : &m_own}
 {
     for (PrototypeRef& prototype : m_prototypes) {
         prototype = MakePrototype();
@@ -89,13 +90,8 @@ void RandomState::ExpectPrototype(ZrvConstPropertiesPrototype* iReal, const Prot
 PrototypeRef RandomState::MakePrototype()
 {
     ++m_age;
-    ZrvPrototypeImpl* const real = Do([this]() -> ZrvPrototypeImpl* {
-        if (m_age % 2 == 0) {
-            return new ZrvPrototypeImpl;
-        }
-        return new WatchedPrototype;
-    });
-    return std::make_shared<PrototypeModel>(m_age, real);
+    return std::make_shared<PrototypeModel>(
+        m_age, Do([this] { return AnyMaker().MakePrototype(m_age % 2 ? &PrototypeModel::s_realAlive : nullptr); }));
 }
 
 std::vector<std::string> RandomState::Order(const Set& iSet)
@@ -154,7 +150,7 @@ void RandomState::CheckPrototypes()
     for (const PrototypeRef& prototype : m_prototypes) {
         Expect(static_cast<long>(CountOf(*prototype->real)), prototype.use_count(), "references on a prototype");
     }
-    Expect(WatchedPrototype::s_alive, PrototypeModel::s_alive, "prototypes alive");
+    Expect(PrototypeModel::s_realAlive, PrototypeModel::s_alive, "prototypes alive");
 }
 
 void RandomState::Check()

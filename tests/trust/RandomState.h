@@ -4,6 +4,7 @@
 #include "CountedObject.h"
 #include "KELCheckFailure.h"
 #include "KELSYPHashMap.h"
+#include "Maker.h"
 #include "Model.h"
 #include "OwnMemory.h"
 #include "RandomUse.h"
@@ -16,7 +17,8 @@
 /// Real things, each with its model, and what random operations on them have in common.
 class RandomState {
 public:
-    explicit RandomState(Choices& ioChoices);
+    /// \param ioOther makes every other thing, if not null
+    RandomState(Choices& ioChoices, Maker* ioOther);
     RandomState(const RandomState&) = delete;
     RandomState& operator=(const RandomState&) = delete;
     ~RandomState();
@@ -108,6 +110,11 @@ protected:
         ExpectOutcome(rc, iModel());
     }
 
+    Maker& AnyMaker() { return *m_makers[m_steps % 2]; }
+    std::unique_ptr<ZrvPropertyValueBase> MakeValue(const ValueModel& iValue, bool iIsDerived = false)
+    {
+        return std::unique_ptr<ZrvPropertyValueBase>(AnyMaker().MakeValue(iValue, iIsDerived));
+    }
     PrototypeRef MakePrototype();
 
     /// The names that a set lists, which are the same in both kinds of lists.
@@ -119,6 +126,8 @@ protected:
     static inline int s_reports = 0;
     const KELCheckFailureHandler m_previous = KELSetCheckFailureHandler([](const KELCheckFailure&) { ++s_reports; });
     Choices& m_choices;
+    OwnMaker m_own;
+    Maker* const m_makers[2];
     Memory m_memory = Memory::Behaves;
     Counts m_counts;
     int m_steps = 0;

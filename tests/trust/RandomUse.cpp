@@ -4,15 +4,12 @@
 
 namespace {
 
-// A set as a caller may derive one, for which the library has no short cuts.
-class DerivedSet : public ZrvProperties {
-public:
-    using ZrvProperties::ZrvProperties;
-};
-
 class RandomUse : public RandomState {
 public:
-    RandomUse(Choices& ioChoices, Memory iMemory) : RandomState(ioChoices) { m_memory = iMemory; }
+    RandomUse(Choices& ioChoices, Memory iMemory, Maker* ioOther) : RandomState(ioChoices, ioOther)
+    {
+        m_memory = iMemory;
+    }
 
     /// One operation; the whole state is compared once in a while.
     void Step();
@@ -23,12 +20,7 @@ private:
         Set& set = Any(m_sets);
         const PrototypeRef& prototype = m_choices.Below(3) == 0 ? m_none : Any(m_prototypes);
         const bool isDerived = m_choices.Below(2) == 0;
-        set.real = Do([&]() -> std::unique_ptr<ZrvProperties> {
-            if (isDerived) {
-                return std::make_unique<DerivedSet>(RealOf(prototype));
-            }
-            return std::make_unique<ZrvProperties>(RealOf(prototype));
-        });
+        set.real.reset(Do([&] { return AnyMaker().MakeSet(RealOf(prototype), isDerived); }));
         set.model = {prototype, {}};
     }
 
@@ -308,9 +300,9 @@ void RandomUse::Step()
 
 } // namespace
 
-Counts UseAtRandom(Choices& ioChoices, Memory iMemory)
+Counts UseAtRandom(Choices& ioChoices, Memory iMemory, Maker* ioOther)
 {
-    auto use = std::make_unique<RandomUse>(ioChoices, iMemory);
+    auto use = std::make_unique<RandomUse>(ioChoices, iMemory, ioOther);
     while (ioChoices.AreLeft()) {
         use->Step();
     }
@@ -318,7 +310,7 @@ Counts UseAtRandom(Choices& ioChoices, Memory iMemory)
     const Counts counts = use->Counted();
     OwnMemory::FailAt(iMemory == Memory::Behaves ? 0 : 1, true);
     use.reset();
-    if (OwnMemory::Behave() != 0 || WatchedPrototype::s_alive != 0) {
+    if (OwnMemory::Behave() != 0 || PrototypeModel::s_realAlive != 0) {
         throw std::logic_error("destroying everything allocates or leaves prototypes alive");
     }
     return counts;

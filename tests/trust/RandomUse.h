@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <random>
 
+class Maker;
+
 /// Where a random use takes its decisions from.
 class Choices {
 public:
@@ -46,6 +48,8 @@ struct Counts {
 /// same on models of them. Half of the operations get bad arguments on purpose. Throws std::logic_error at the first
 /// difference in a result, a report, a reference count or what is held. What a failure of memory stops is compared with
 /// the models as they were, and then done again.
-Counts UseAtRandom(Choices& ioChoices, Memory iMemory = Memory::Behaves);
+///
+/// \param ioOther makes every other thing that is used, if not null
+Counts UseAtRandom(Choices& ioChoices, Memory iMemory = Memory::Behaves, Maker* ioOther = nullptr);
 
 #endif

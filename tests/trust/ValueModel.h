@@ -3,7 +3,6 @@
 
 #include "ZrvPropertyValue.h"
 
-#include <memory>
 #include <string>
 #include <type_traits>
 #include <variant>
@@ -61,29 +60,6 @@ ValueModel ToModel(const T& iContents)
         }
         return iContents;
     }
-}
-
-/// A value as a caller may derive one.
-template <class T>
-class DerivedValue : public ZrvPropertyValue<T> {
-public:
-    using ZrvPropertyValue<T>::ZrvPropertyValue;
-};
-
-/// \param iIsDerived makes a value of a derived class, for which the library has no short cuts
-inline std::unique_ptr<ZrvPropertyValueBase> MakeValue(const ValueModel& iValue, bool iIsDerived = false)
-{
-    return std::visit(
-        [iIsDerived](const auto& iContents) -> std::unique_ptr<ZrvPropertyValueBase> {
-            if constexpr (std::is_same_v<std::decay_t<decltype(iContents)>, std::monostate>) {
-                return std::make_unique<ZrvPropertyValueBase>();
-            } else if (iIsDerived) {
-                return std::make_unique<DerivedValue<decltype(ToReal(iContents))>>(ToReal(iContents));
-            } else {
-                return std::make_unique<ZrvPropertyValue<decltype(ToReal(iContents))>>(ToReal(iContents));
-            }
-        },
-        iValue);
 }
 
 inline ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
