@@ -1,9 +1,14 @@
 #include "ZrvPropertyValue.h"
 
-#include "NineTypes.h"
+#include "CountedObject.h"
 #include "ReportingTest.h"
 
 namespace {
+
+using Int = ZrvPropertyValue<KELINT32>;
+using Object = ZrvPropertyValue<KELSysTSBaseUnknown*>;
+
+using ZrvPropertyValueTest = ReportingTest;
 
 /// A value of a caller's own, which leaves to the base what it does not need.
 class NamedValue : public ZrvPropertyValueBase {
@@ -15,24 +20,45 @@ private:
     const char* m_type;
 };
 
-/// A value that counts what it is asked and takes 1 away from what it is set to.
-class CountingValue : public ZrvPropertyValue<KELINT32> {
-public:
-    using ZrvPropertyValue::ZrvPropertyValue;
+TEST_F(ZrvPropertyValueTest, TheBaseIsAValueWithoutType)
+{
+    ZrvPropertyValueBase value;
+    EXPECT_FALSE(value.IsPurelyIdenticalTo(value));
+    EXPECT_EQ(Answer(value.SetValueFromProperty(Int(1))),
+              "error [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
+    EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(value)),
+              "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
+    EXPECT_EQ(Answer(Int(1).SetValueFromProperty(NamedValue("int"))), "error");
+    EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));
+}
 
-    KELUnicodeString GetType() const override
-    {
-        ++typeQuestions;
-        return ZrvPropertyValue::GetType();
-    }
-    KELINT32 GetValue() const override
-    {
-        ++valueQuestions;
-        return ZrvPropertyValue::GetValue();
-    }
+TEST_F(ZrvPropertyValueTest, FreeFunctions)
+{
+    EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
+    EXPECT_TRUE(ZrvPropertyValue_StringComparator("KELINT32", std::string("KELINT32").c_str()));
+    EXPECT_FALSE(ZrvPropertyValue_StringComparator("KELINT32", "KELUINT32"));
+    KELRawCollfloat list;
+    list.Append(1.5F);
+    EXPECT_TRUE(ZrvPropertyValue_LstFloatComparator(KELRawCollfloat(), KELRawCollfloat(7)));
+    EXPECT_FALSE(ZrvPropertyValue_LstFloatComparator(list, KELRawCollfloat()));
+}
+
+TEST_F(ZrvPropertyValueTest, ZeroesAreIdentical)
+{
+    EXPECT_TRUE(ZrvPropertyValue<float>(0.0F).IsPurelyIdenticalTo(ZrvPropertyValue<float>(-0.0F)));
+    EXPECT_TRUE(ZrvPropertyValue<double>(0.0).IsPurelyIdenticalTo(ZrvPropertyValue<double>(-0.0)));
+}
+
+/// A value that counts what it is asked and takes 1 away from what it is set to.
+class CountingValue : public Int {
+public:
+    using Int::Int;
+
+    KELUnicodeString GetType() const override { return ++typeQuestions, Int::GetType(); }
+    KELINT32 GetValue() const override { return ++valueQuestions, Int::GetValue(); }
     ZrvRC SetValue(KELINT32 iValue) override
     {
-        ZrvPropertyValue::SetValue(iValue - 1);
+        Int::SetValue(iValue - 1);
         return ZrvRC(ZrvRC::zrvEC_NothingDone, "own");
     }
 
@@ -40,62 +66,26 @@ public:
     mutable int valueQuestions = 0;
 };
 
-using ZrvPropertyValueBaseTest = ReportingTest;
-
-TEST_F(ZrvPropertyValueBaseTest, IsAValueWithoutType)
-{
-    ZrvPropertyValueBase value;
-    EXPECT_EQ(Answer(value.GetType()), "''");
-    EXPECT_EQ(Answer(value.Duplicate()), "null");
-    EXPECT_FALSE(value.IsPurelyIdenticalTo(value));
-    EXPECT_EQ(Answer(value.SetValueFromProperty(ZrvPropertyValue<float>(1))),
-              "error [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
-    const NamedValue unknown("int");
-    ZrvPropertyValue<float> typed(1);
-    EXPECT_EQ(Answer(typed.SetValueFromProperty(unknown)), "error");
-    EXPECT_FALSE(typed.IsPurelyIdenticalTo(unknown));
-    EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(value)),
-              "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
-}
-
-TEST_F(ZrvPropertyValueBaseTest, FreeFunctions)
-{
-    EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
-    EXPECT_TRUE(ZrvPropertyValue_StringComparator("KELINT32", std::string("KELINT32").c_str()));
-    EXPECT_FALSE(ZrvPropertyValue_StringComparator("KELINT32", "KELUINT32"));
-    const Samples<KELRawCollfloat> lists;
-    EXPECT_TRUE(ZrvPropertyValue_LstFloatComparator(KELRawCollfloat(), KELRawCollfloat(7)));
-    EXPECT_FALSE(ZrvPropertyValue_LstFloatComparator(lists.first, lists.second));
-}
-
-TEST(ZrvPropertyValue, ZeroesAreIdentical)
-{
-    EXPECT_TRUE(ZrvPropertyValue<float>(0.0F).IsPurelyIdenticalTo(ZrvPropertyValue<float>(-0.0F)));
-    EXPECT_TRUE(ZrvPropertyValue<double>(0.0).IsPurelyIdenticalTo(ZrvPropertyValue<double>(-0.0)));
-}
-
-TEST(ZrvPropertyValue, DerivedValuesAreAskedThroughTheirOwnOperations)
+TEST_F(ZrvPropertyValueTest, DerivedValuesAreAskedThroughTheirOwnOperations)
 {
     CountingValue derived(10);
-    ZrvPropertyValue<KELINT32> plain(0);
-    EXPECT_EQ(InWords(plain.SetValueFromProperty(derived)), "ok");
+    Int plain(0);
+    EXPECT_EQ(Answer(plain.SetValueFromProperty(derived)), "ok");
     EXPECT_EQ(plain.GetValue(), 10);
     EXPECT_EQ(derived.typeQuestions, 2);
     EXPECT_EQ(derived.valueQuestions, 1);
-    EXPECT_EQ(InWords(derived.SetValueFromProperty(ZrvPropertyValue<KELINT32>(20))), "nothing done: own");
-    EXPECT_TRUE(derived.IsPurelyIdenticalTo(ZrvPropertyValue<KELINT32>(19)));
+    EXPECT_EQ(Answer(derived.SetValueFromProperty(Int(20))), "nothing done: own");
+    EXPECT_TRUE(derived.IsPurelyIdenticalTo(Int(19)));
 }
 
-TEST(ZrvPropertyValue, AnObjectIsTakenAgainBeforeItIsGivenUp)
+TEST_F(ZrvPropertyValueTest, AnObjectIsTakenAgainBeforeItIsGivenUp)
 {
     bool isGone = false;
-    ZrvPropertyValue<KELSysTSBaseUnknown*> value(nullptr);
-    {
-        const auto object = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject(&isGone));
-        value.SetValue(object.Get());
-    }
-    value.SetValueFromProperty(ZrvPropertyValue<KELSysTSBaseUnknown*>(value));
-    value.SetValue(Read<KELSysTSBaseUnknown*>(&value));
+    auto* const object = new CountedObject(&isGone);
+    Object value(object);
+    object->Release();
+    value.SetValueFromProperty(Object(value));
+    value.SetValue(object);
     EXPECT_FALSE(isGone);
     value.SetValue(nullptr);
     EXPECT_TRUE(isGone);

@@ -1,7 +1,8 @@
 #include "ZrvProperties_data.h"
 
-#include "NineTypes.h"
+#include "CountedObject.h"
 #include "ReportingTest.h"
+#include "ZrvPropertyValue.h"
 #include "ZrvPrototypeImpl.h"
 
 #include <memory>

@@ -1,7 +1,8 @@
 #include "ZrvProperty.h"
 
-#include "NineTypes.h"
+#include "CountedObject.h"
 #include "ReportingTest.h"
+#include "ZrvPropertyValue.h"
 #include "ZrvPrototypeImpl.h"
 
 #include <memory>
@@ -77,7 +78,7 @@ TEST_F(ZrvPropertyTest, WithoutAValue)
     for (ZrvProperty* each : {&property, lost.get()}) {
         EXPECT_FALSE(each->AssignPlain(Int(3)));
         EXPECT_EQ(Answer(each->SetValue(Int(3))), "ok");
-        EXPECT_EQ(Read<KELINT32>(each->GetValue()), 3);
+        EXPECT_TRUE(each->GetValue()->IsPurelyIdenticalTo(Int(3)));
     }
     EXPECT_EQ(CountOf(prototype), 2U);
 }

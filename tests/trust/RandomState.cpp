@@ -176,8 +176,10 @@ void RandomState::Check()
     CheckPrototypes();
     for (const PrototypeRef& prototype : m_prototypes) {
         KELListValKELUnicodeString names;
+        names.Append("first");
         ExpectOutcome(prototype->real->GetListProperties(names), {});
-        Expect(static_cast<std::size_t>(names.Size()), prototype->declared.size(), "number of declarations");
+        ExpectOutcome(prototype->real->IsValid(), {});
+        Expect(static_cast<std::size_t>(names.Size()), 1 + prototype->declared.size(), "number of declarations");
         for (const auto& [name, declaration] : prototype->declared) {
             Expect(Text(prototype->real->GetPropertyType(name.c_str())), declaration.type, "declaration");
         }

@@ -146,9 +146,10 @@ private:
         Expect(Text(real.GetPropertyType(name)), declaration.type, "declared type name");
         Expect(static_cast<std::size_t>(real.GetPropertyAsType(name)), DefaultValue(declaration.type).index(), "type");
         ExpectPrototype(real.GetPropertyPrototype(name), declaration.nested);
-        ZrvConstPropertiesPrototype* nested = nullptr;
+        ZrvConstPropertiesPrototype* nested = prototype.real; // is left there by a refusal
         ExpectOutcome(prototype.real->GetPropertyPrototype(name, nested), outcome);
-        ExpectPrototype(nested, declaration.nested);
+        ExpectPrototype(isDeclared ? nested : nullptr, declaration.nested);
+        Expect(isDeclared || nested == prototype.real, true, "nested prototype of what is not declared");
     }
 
     void NewValue()

@@ -1,50 +1,28 @@
-#ifndef KELSysSimpleHashTable_H
-#define KELSysSimpleHashTable_H
+#ifndef FakeSimpleHashTable_H
+#define FakeSimpleHashTable_H
 
-#include <cstddef>
-#include <utility>
-#include <vector>
+#define KELSysSimpleHashTable KELSoundHashTable
+#include "../../../Platform/include/KELSysSimpleHashTable.h"
+#undef KELSysSimpleHashTable
 
-/// A table with the platform's interface and no hashing, which can be full, lose what it stored and hold nulls.
-class KELSysSimpleHashTable {
+/// The platform's table behind its plain interface, which a test can have refuse, not find, or hold one null.
+class KELSysSimpleHashTable : KELSoundHashTable {
 public:
-    KELSysSimpleHashTable(int, unsigned int (*)(void*), int (*iEqual)(void*, void*)) : m_equal(iEqual) {}
+    using KELSoundHashTable::Get;
+    using KELSoundHashTable::KELSoundHashTable;
+    using KELSoundHashTable::Remove;
+    using KELSoundHashTable::RemoveAll;
 
     void* InsertAndReturn(void* iElement)
     {
-        if (void* stored = Locate(iElement)) {
-            return stored;
-        }
-        return s_isFull ? nullptr : m_elements.emplace_back(iElement);
+        return s_isFull ? KELSoundHashTable::Locate(iElement) : KELSoundHashTable::InsertAndReturn(iElement);
     }
-    void* Locate(void* iProbe) const
-    {
-        for (void* element : m_elements) {
-            if (element && !s_isBlind && m_equal(element, iProbe)) {
-                return element;
-            }
-        }
-        return nullptr;
-    }
-    void* Remove(void* iProbe)
-    {
-        for (void*& element : m_elements) {
-            if (element && m_equal(element, iProbe)) {
-                return std::exchange(element, nullptr);
-            }
-        }
-        return nullptr;
-    }
-    void* Get(int iIndex) const { return m_elements[static_cast<std::size_t>(iIndex)]; }
-    int Size() const { return static_cast<int>(m_elements.size()); }
-    void RemoveAll() { m_elements.clear(); }
+    void* Locate(void* iProbe) const { return s_isBlind ? nullptr : KELSoundHashTable::Locate(iProbe); }
+    int Size() const { return KELSoundHashTable::Size() + (s_hasNull ? 1 : 0); }
 
     static inline bool s_isFull = false;
     static inline bool s_isBlind = false;
-
-private:
-    int (*m_equal)(void*, void*);
-    std::vector<void*> m_elements;
+    static inline bool s_hasNull = false;
 };
 
 #endif
