@@ -20,13 +20,9 @@ private:
     const char* m_type;
 };
 
-TEST_F(ZrvPropertyValueTest, TheBaseIsAValueWithoutType)
+TEST_F(ZrvPropertyValueTest, UnknownTypesAreRefused)
 {
-    ZrvPropertyValueBase value;
-    EXPECT_FALSE(value.IsPurelyIdenticalTo(value));
-    EXPECT_EQ(Answer(value.SetValueFromProperty(Int(1))),
-              "error [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
-    EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(value)),
+    EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(Int(1))),
               "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
     EXPECT_EQ(Answer(Int(1).SetValueFromProperty(NamedValue("int"))), "error");
     EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));

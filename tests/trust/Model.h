@@ -10,13 +10,16 @@
 #include <string>
 #include <vector>
 
-/// What an operation is to answer, and how many failed checks it is to report.
+/// What an operation is to answer, and the failed checks that it is to report.
 struct Outcome {
     ZrvRC::ErrorCode code = ZrvRC::zrvEC_OK;
     std::string trace;
-    int reports = 0;
+    std::string reports;
 
-    static Outcome Error(int iReports = 0, const char* iTrace = "") { return {ZrvRC::zrvEC_Error, iTrace, iReports}; }
+    static Outcome Error(const std::string& iReports = "", const char* iTrace = "")
+    {
+        return {ZrvRC::zrvEC_Error, iTrace, iReports};
+    }
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
 
@@ -57,6 +60,9 @@ struct PrototypeModel {
     static inline int s_realAlive = 0; // real ones, which count themselves
 };
 
+inline const std::string g_noName = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties]";
+inline const std::string g_noNameInData = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties_data]";
+
 /// A property set as maps and plain values. The names of a source come in the order in which the real set lists them.
 struct SetModel {
     struct Property {
@@ -75,10 +81,12 @@ struct SetModel {
     Outcome AddTyped(const std::string& iName, const std::string& iType, const PrototypeRef& iNested)
     {
         if (iName.empty() || iType.empty()) {
-            return Outcome::Error(1);
+            return Outcome::Error(iName.empty() ? g_noName
+                                                : " [condition iPropertyType.GetLengthInChar()>0 in ZrvProperties]");
         }
         if (prototype) {
-            return Outcome::Error(1, "AddProperty: Wrong call, should not have prototype.");
+            return Outcome::Error(" [condition !m_pPrototype in ZrvProperties_data]",
+                                  "AddProperty: Wrong call, should not have prototype.");
         }
         return Add(iName, {iType, iNested}, "AddProperty: property not instanciated");
     }
@@ -86,8 +94,12 @@ struct SetModel {
     Outcome AddDeclared(const std::string& iName)
     {
         const bool isDeclared = prototype && prototype->declared.count(iName) != 0;
-        if (!prototype || (!isDeclared && held.count(iName) == 0)) {
-            return Outcome::Error(1);
+        if (iName.empty() || !prototype) {
+            return Outcome::Error(iName.empty() ? g_noName : " [pointer m_pPrototype in ZrvProperties_data]");
+        }
+        if (!isDeclared && held.count(iName) == 0) {
+            return Outcome::Error(
+                " [condition ZrvProperties::zrvPA_Unavailable!=propertyAvailability in ZrvProperties_data]");
         }
         return Add(iName, isDeclared ? prototype->declared[iName] : PrototypeModel::Declaration(), "");
     }
@@ -96,10 +108,12 @@ struct SetModel {
     {
         const auto property = held.find(iName);
         if (iName.empty() || TypeOf(iValue).empty()) {
-            return Outcome::Error(1);
+            return Outcome::Error(iName.empty() ? g_noName
+                                                : " [condition iValue.GetType().GetLengthInChar()>0 in ZrvProperties]");
         }
         if (property == held.end() || property->second.value.index() != iValue.index()) {
-            return Outcome::Error(property == held.end() ? 0 : 1);
+            return Outcome::Error(
+                property == held.end() ? "" : " [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]");
         }
         property->second.value = iValue;
         return {};
@@ -108,7 +122,7 @@ struct SetModel {
     Outcome Copy(const SetModel& iSource, const std::vector<std::string>& iOrder)
     {
         if (&iSource == this) {
-            return {ZrvRC::zrvEC_NothingDone, "", 0};
+            return {ZrvRC::zrvEC_NothingDone, "", ""};
         }
         for (const std::string& name : iOrder) {
             const auto property = held.find(name);
@@ -119,13 +133,16 @@ struct SetModel {
         }
         for (const std::string& name : iOrder) {
             const ValueModel& value = iSource.held.at(name).value;
-            Outcome outcome = held.count(name) != 0 ? Outcome()
-                              : prototype           ? AddDeclared(name)
-                                                    : AddTyped(name, TypeOf(value), nullptr);
-            outcome = outcome == Outcome() ? Set(name, value) : outcome;
-            if (outcome != Outcome()) {
-                ++outcome.reports;
-                return outcome;
+            const Outcome added = held.count(name) != 0 ? Outcome()
+                                  : prototype           ? AddDeclared(name)
+                                                        : AddTyped(name, TypeOf(value), nullptr);
+            if (added != Outcome()) {
+                return Outcome::Error(added.reports + " [condition !(rc.IsError()) in ZrvProperties_data]");
+            }
+            const Outcome set = Set(name, value);
+            if (set != Outcome()) {
+                const char* const what = "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )";
+                return Outcome::Error(set.reports + " [condition " + what + " in ZrvProperties_data]");
             }
         }
         return {};
@@ -150,7 +167,7 @@ private:
     {
         const ValueModel value = DefaultValue(iDeclaration.type);
         if (held.count(iName) == 0 && TypeOf(value).empty()) {
-            return Outcome::Error(0, iRefusal);
+            return Outcome::Error("", iRefusal);
         }
         held.insert({iName, {value, iDeclaration.nested}}); // changes nothing that is there
         return {};

@@ -31,7 +31,6 @@ RandomState::~RandomState()
     for (const PrototypeRef& prototype : m_prototypes) {
         prototype->real->Release();
     }
-    KELSetCheckFailureHandler(m_previous);
 }
 
 const std::string& RandomState::Name()
@@ -66,7 +65,7 @@ const PrototypeRef& RandomState::Nested(int iOlderThan)
     return m_choices.Below(2) == 0 && nested->age < iOlderThan ? nested : m_none;
 }
 
-void RandomState::Fail(const char* iWhat) const
+void RandomState::Fail(const std::string& iWhat) const
 {
     throw std::logic_error("step " + std::to_string(m_steps) + ", operation " + std::to_string(m_operation) + ": " +
                            iWhat);
@@ -74,7 +73,7 @@ void RandomState::Fail(const char* iWhat) const
 
 void RandomState::ExpectOutcome(ZrvRC iReal, const Outcome& iModel)
 {
-    m_counts.refused += iReal.IsError() || iModel.reports > 0 ? 1 : 0;
+    m_counts.refused += iReal.IsError() || !iModel.reports.empty() ? 1 : 0;
     Expect(iReal.GetRC(), iModel.code, "code", iModel.reports);
     Expect(Text(iReal.GetTrace()), iModel.trace, "trace");
 }
@@ -142,6 +141,9 @@ void RandomState::CheckSet(const Set& iSet)
     Expect(held, expected, "what a set holds");
     ZrvConstPropertiesPrototype* prototype = nullptr;
     ExpectOutcome(iSet.real->GetPrototype(prototype), {});
+    ZrvConstPropertiesPrototype* taken = m_prototypes[0]->real;
+    Expect(iSet.real->GetPrototype(taken).IsError() && taken == m_prototypes[0]->real, true, "where a prototype is",
+           " [condition !ioPrototype in ZrvProperties]");
     ExpectPrototype(prototype, iSet.model.prototype);
 }
 

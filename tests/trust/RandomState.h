@@ -1,8 +1,8 @@
 #ifndef RandomState_H
 #define RandomState_H
 
+#include "CheckRecorder.h"
 #include "CountedObject.h"
-#include "KELCheckFailure.h"
 #include "KELSYPHashMap.h"
 #include "Maker.h"
 #include "Model.h"
@@ -60,12 +60,13 @@ protected:
 
     /// Each throws at a difference, one in the reports since the last comparison included.
     /// @{
-    [[noreturn]] void Fail(const char* iWhat) const;
+    [[noreturn]] void Fail(const std::string& iWhat) const;
     template <class T>
-    void Expect(const T& iReal, const T& iModel, const char* iWhat, int iReports = 0)
+    void Expect(const T& iReal, const T& iModel, const char* iWhat, const std::string& iReports = "")
     {
-        if (!(iReal == iModel) || std::exchange(s_reports, 0) != iReports) {
-            Fail(iWhat);
+        const std::string reports = m_reports.Take();
+        if (!(iReal == iModel) || reports != iReports) {
+            Fail(iWhat + reports);
         }
     }
     void ExpectOutcome(ZrvRC iReal, const Outcome& iModel);
@@ -90,7 +91,7 @@ protected:
                 return result;
             } catch (const std::bad_alloc&) {
                 m_counts.failures += OwnMemory::Behave() > 0 ? 1 : 0;
-                s_reports = 0;
+                m_reports.Take();
                 iRecover();
                 Check();
             }
@@ -123,8 +124,7 @@ protected:
     /// After a copy that was stopped half-way: what the set holds now is old, copied or a default. The model follows.
     void TakeOver(Set& ioSet, const Set& iSource, bool iIsAssigned);
 
-    static inline int s_reports = 0;
-    const KELCheckFailureHandler m_previous = KELSetCheckFailureHandler([](const KELCheckFailure&) { ++s_reports; });
+    CheckRecorder m_reports;
     Choices& m_choices;
     OwnMaker m_own;
     Maker* const m_makers[2];

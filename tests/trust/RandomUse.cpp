@@ -84,14 +84,16 @@ private:
         const auto property = set.model.held.find(text);
         const bool isHeld = property != set.model.held.end();
         const ValueModel held = isHeld ? property->second.value : std::monostate();
-        const int reports = text.empty() ? 1 : 0;
+        const std::string noName = text.empty() ? g_noName : "";
+        const std::string noNameInData = text.empty() ? g_noNameInData : "";
+        const std::string notFound = isHeld ? "" : " [pointer ppProperty in ZrvProperties_data]";
         Expect(real.HasProperty(name), isHeld ? 1 : 0, "HasProperty");
-        Expect<int>(real.GetAvailability(name), set.model.Availability(text), "availability", reports);
-        Expect(Text(real.GetPropertyType(name)), TypeOf(held), "type", reports);
+        Expect<int>(real.GetAvailability(name), set.model.Availability(text), "availability", noNameInData);
+        Expect(Text(real.GetPropertyType(name)), TypeOf(held), "type", noNameInData);
         const ZrvPropertyValueBase* const value = real.GetProperty(name);
-        Expect(value != nullptr, isHeld, "GetProperty", reports);
+        Expect(value != nullptr, isHeld, "GetProperty", noName);
         Expect(Describe(value ? ReadValue(*value) : std::monostate()), Describe(held), "value");
-        Expect(real.GetPropertyParameters(name) == nullptr, true, "parameters", isHeld ? 0 : 1);
+        Expect(real.GetPropertyParameters(name) == nullptr, true, "parameters", text.empty() ? noName : notFound);
     }
 
     void ListNames()
@@ -168,8 +170,16 @@ private:
         const bool isTyped = !TypeOf(value.model).empty();
         const bool fits = isTyped && value.model.index() == other.model.index();
         Expect(value.real->IsPurelyIdenticalTo(*other.real), isTyped && value.model == other.model, "identity");
-        Both([&] { return value.real->SetValueFromProperty(*other.real); },
-             [&] { return fits ? Outcome() : Outcome::Error(isTyped ? 0 : 1); });
+        Both(
+            [&] { return value.real->SetValueFromProperty(*other.real); },
+            [&] {
+                return fits
+                           ? Outcome()
+                           : Outcome::Error(
+                                 isTyped
+                                     ? ""
+                                     : " [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
+            });
         value.model = fits ? other.model : value.model;
         auto copy = Do([&] { return std::unique_ptr<ZrvPropertyValueBase>(value.real->Duplicate()); });
         Expect(copy != nullptr, isTyped, "Duplicate");
@@ -261,13 +271,13 @@ private:
         const std::string merged = trace + (trace.empty() || text.empty() ? "" : "\n") + text;
         if (trace.size() > 200) {
             m_code = Do([&] { return ZrvRC(code, text.c_str()); });
-            m_codeModel = {code, text, 0};
+            m_codeModel = {code, text, ""};
         } else if (m_choices.Below(2) == 0) {
             Both([&] { return m_code.AddTrace(text.c_str()); }, [&] { return trace += text, m_codeModel; });
         } else {
             Both([&] { return m_code.Add(ZrvRC(code, text.c_str())); },
                  [&] {
-                     return m_codeModel = {code, merged, 0};
+                     return m_codeModel = {code, merged, ""};
                  });
         }
         KELUnicodeString prefix(text.c_str());
