@@ -1,9 +1,7 @@
-#include "CheckRecorder.h"
 #include "CountedObject.h"
-#include "KELListValKELUnicodeString.h"
+#include "KELCheckFailure.h"
 #include "KELMutex.h"
 #include "KELSysElapseTime.h"
-#include "KELSysTSListOfUnicodeString.h"
 
 #include <gtest/gtest.h>
 
@@ -66,26 +64,6 @@ TEST(KELSysTSBaseUnknown, CountsAndKnowsNoInterface)
     EXPECT_FALSE(isGone);
     EXPECT_EQ(object->Release(), 0U);
     EXPECT_TRUE(isGone);
-}
-
-TEST(PlatformLists, KeepOrderAndAnswerAnyPosition)
-{
-    CheckRecorder reports;
-    KELListValKELUnicodeString list;
-    list.Append("a");
-    list.Append("b");
-    KELSysTSListOfUnicodeString tsList;
-    tsList.PutBack(KELSysTSUnicodeString("c"));
-    tsList.PutBack(KELSysTSUnicodeString(nullptr));
-    EXPECT_EQ(list.Size(), 2);
-    EXPECT_STREQ(list[2].ConvertToChar(), "b");
-    EXPECT_STREQ(tsList[1].ConvertToChar(), "c");
-    EXPECT_STREQ(tsList[2].ConvertToChar(), "");
-    EXPECT_EQ(reports.Take(), "");
-    for (const int position : {0, 3, -1}) {
-        EXPECT_EQ(list[position].GetLengthInChar(), 0);
-        EXPECT_EQ(reports.Take(), " [condition 1<=iPosition && iPosition<=Size() in KELPositions]");
-    }
 }
 
 std::string g_seen;

@@ -97,15 +97,20 @@ std::vector<std::string> RandomState::Order(const Set& iSet)
 {
     KELListValKELUnicodeString names;
     KELSysTSListOfUnicodeString narrow;
-    names.Append("first");
+    names.Append("");
+    narrow.PutBack(KELSysTSUnicodeString(nullptr));
     const int count = iSet.real->GetListProperties(names);
     Expect(iSet.real->GetListProperties(narrow), count, "the two counts of names");
-    Expect(names.Size() == count + 1 && narrow.Size() == count && names[1] == "first", true, "sizes of the lists");
+    Expect(names.Size() == count + 1 && narrow.Size() == count + 1, true, "sizes of the lists");
     std::vector<std::string> order;
-    for (int position = 1; position <= count; ++position) {
-        order.push_back(Text(names[position + 1]));
+    for (int position = 1; position <= count + 1; ++position) {
+        order.push_back(Text(names[position]));
         Expect(std::string(narrow[position].ConvertToChar()), order.back(), "narrow name");
     }
+    Expect(names[0] == "" && names[count + 2] == "" && names[-1] == narrow[-1].ConvertToChar(), true, "no name",
+           g_noPosition + g_noPosition + g_noPosition + g_noPosition);
+    Expect(order[0].empty(), true, "a list is appended to");
+    order.erase(order.begin());
     return order;
 }
 

@@ -1,5 +1,6 @@
 #include "RandomState.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -194,7 +195,8 @@ private:
     {
         static constinit KELRawCollfloat::Constant<3> s_constant;
         Floats& floats = Any(m_floats);
-        const auto number = static_cast<float>(m_choices.Below(9));
+        static constexpr float kNumbers[] = {0.0F, -0.0F, 1.0F, -1.0F, 2.0F, std::numeric_limits<float>::quiet_NaN()};
+        const float number = Any(kNumbers);
         const std::size_t position = m_choices.Below(floats.model.size() + 1);
         const std::size_t size = 2 * position % 64;
         switch (m_choices.Below(6)) {
@@ -206,8 +208,8 @@ private:
             floats.model.push_back(number);
             break;
         case 2:
-            Do([&] { return floats.real.Size(static_cast<int>(size), number), true; });
-            floats.model.resize(size, number);
+            Do([&] { return floats.real.Size(m_isBad ? -1 : static_cast<int>(size), number), true; });
+            floats.model.resize(m_isBad ? 0 : size, number);
             break;
         case 3:
             if (position > 0) {
@@ -229,6 +231,18 @@ private:
             value.real = Do([&] { return std::make_unique<ZrvPropertyValue<KELRawCollfloat>>(floats.real); });
             value.model = floats.model;
         }
+        const Floats& other = m_floats[position % 3];
+        Expect(KELRawCollfloat::Compare(floats.real, other.real), Compare(floats.model, other.model), "Compare");
+        const int outside = m_isBad ? static_cast<int>(floats.model.size()) + 1 : -static_cast<int>(position);
+        floats.real[outside] = 5.0F;
+        Expect(std::as_const(floats.real)[outside], 0.0F, "an element outside", g_noPosition + g_noPosition);
+    }
+
+    static int Compare(const std::vector<float>& iLeft, const std::vector<float>& iRight)
+    {
+        const auto [left, right] = std::mismatch(iLeft.begin(), iLeft.end(), iRight.begin(), iRight.end());
+        const bool isSame = left == iLeft.end() && right == iRight.end();
+        return isSame ? 0 : right != iRight.end() && (left == iLeft.end() || *left < *right) ? -1 : 1;
     }
 
     void UseMap()

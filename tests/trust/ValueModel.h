@@ -30,7 +30,7 @@ auto ToReal(const T& iContents)
     if constexpr (std::is_same_v<T, std::string>) {
         return KELUnicodeString(iContents.c_str());
     } else if constexpr (std::is_same_v<T, std::vector<float>>) {
-        KELRawCollfloat list;
+        KELRawCollfloat list(static_cast<int>(iContents.size()) - 2); // room for none, or for too few
         for (const float value : iContents) {
             list.Append(value);
         }
