@@ -53,7 +53,7 @@ TEST(KELSysElapseTime, TellsMicrosecondsSinceTheStart)
 TEST(KELSysTSBaseUnknown, CountsAndKnowsNoInterface)
 {
     bool isGone = false;
-    auto* const object = new CountedObject(&isGone);
+    auto* const object = new CountedObject([&isGone] { isGone = true; });
     EXPECT_EQ(object->AddRef(), 2U);
     EXPECT_EQ(object->Release(), 1U);
     void* out = object;

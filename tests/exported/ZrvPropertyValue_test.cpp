@@ -77,7 +77,7 @@ TEST_F(ZrvPropertyValueTest, DerivedValuesAreAskedThroughTheirOwnOperations)
 TEST_F(ZrvPropertyValueTest, AnObjectIsTakenAgainBeforeItIsGivenUp)
 {
     bool isGone = false;
-    auto* const object = new CountedObject(&isGone);
+    auto* const object = new CountedObject([&isGone] { isGone = true; });
     Object value(object);
     object->Release();
     value.SetValueFromProperty(Object(value));

@@ -100,34 +100,16 @@ TEST_F(ZrvPropertiesDataTest, NamelessEntriesAreNeitherListedNorDuplicated)
     EXPECT_EQ(copy.HasProperty("n"), 1);
 }
 
-/// An object that assigns to the set that lets go of it, and notes who holds its property's prototype then.
-class Meddler : public CountedObject {
-public:
-    Meddler(ZrvPropertiesData& ioSet, const ZrvPropertiesData& iSource, ZrvPrototypeImpl& ioPrototype,
-            std::vector<KELUINT32>& ioHolders)
-        : m_set(ioSet), m_source(iSource), m_prototype(ioPrototype), m_holders(ioHolders)
-    {
-    }
-    ~Meddler() override
-    {
-        m_holders.push_back(CountOf(m_prototype));
-        m_set.AddProperty("late", "KELINT32", nullptr);
-        m_set = m_source;
-    }
-
-private:
-    ZrvPropertiesData& m_set;
-    const ZrvPropertiesData& m_source;
-    ZrvPrototypeImpl& m_prototype;
-    std::vector<KELUINT32>& m_holders;
-};
-
 TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
 {
     ZrvPropertiesData source(nullptr);
-    std::vector<KELUINT32> holders;
+    std::vector<KELUINT32> holders; // of the prototype, whenever an object goes
     const auto giveMeddler = [&](ZrvPropertiesData& ioSet, const char* iName) {
-        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new Meddler(free, source, prototype, holders));
+        const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject([&] {
+            holders.push_back(CountOf(prototype));
+            free.AddProperty("late", "KELINT32", nullptr);
+            free = source;
+        }));
         ioSet.SetProperty(iName, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
     };
     for (const char* name : {"a", "b", "c"}) {

@@ -1,9 +1,7 @@
 #include "ZrvProperty.h"
 
-#include "CountedObject.h"
 #include "ReportingTest.h"
 #include "ZrvPropertyValue.h"
-#include "ZrvPrototypeImpl.h"
 
 #include <memory>
 
@@ -14,31 +12,13 @@ const std::string g_noValue = " [pointer m_value in ZrvProperty]";
 
 using Int = ZrvPropertyValue<KELINT32>;
 
-class ZrvPropertyTest : public ReportingTest {
-protected:
-    static std::unique_ptr<ZrvProperty> Create(const KELUnicodeString& iType,
-                                               ZrvConstPropertiesPrototype* iPrototype = nullptr)
-    {
-        ZrvProperty* property = nullptr;
-        const std::string words = InWords(ZrvProperty::CreateProperty(iType, property, iPrototype));
-        EXPECT_EQ(words, property ? "ok" : "error");
-        return std::unique_ptr<ZrvProperty>(property);
-    }
+using ZrvPropertyTest = ReportingTest;
 
-    ZrvPrototypeImpl prototype;
-};
-
-TEST_F(ZrvPropertyTest, FactoryRefusesWhatItDoesNotKnow)
+std::unique_ptr<ZrvProperty> Create(const char* iType)
 {
-    for (const char* type : {"", "int", "floatList ", "kelint32"}) {
-        EXPECT_EQ(Create(type, &prototype), nullptr) << type;
-    }
-    const auto held = Create("float");
-    ZrvProperty* property = held.get();
-    EXPECT_EQ(Answer(ZrvProperty::CreateProperty("double", property, &prototype)),
-              "error [condition !oProperty in ZrvProperty]");
-    EXPECT_EQ(property, held.get());
-    EXPECT_EQ(CountOf(prototype), 1U);
+    ZrvProperty* property = nullptr;
+    ZrvProperty::CreateProperty(iType, property, nullptr);
+    return std::unique_ptr<ZrvProperty>(property);
 }
 
 /// A value that takes anything and says so in its own way.
@@ -66,7 +46,7 @@ TEST_F(ZrvPropertyTest, HandsErrorsOnAndNoOtherCode)
 
 TEST_F(ZrvPropertyTest, WithoutAValue)
 {
-    ZrvProperty property(&prototype);
+    ZrvProperty property(nullptr);
     EXPECT_EQ(Answer(property.GetValue()), "null");
     EXPECT_EQ(Answer(property.GetType()), "''" + g_noValue);
     EXPECT_EQ(Answer(property.Duplicate()), "null" + g_noValue);
@@ -80,21 +60,23 @@ TEST_F(ZrvPropertyTest, WithoutAValue)
         EXPECT_EQ(Answer(each->SetValue(Int(3))), "ok");
         EXPECT_TRUE(each->GetValue()->IsPurelyIdenticalTo(Int(3)));
     }
-    EXPECT_EQ(CountOf(prototype), 2U);
 }
 
 // What a property with parameters hands out is tested with the set that asks for it.
-TEST_F(ZrvPropertyTest, ParametersNeedAPlace)
+TEST_F(ZrvPropertyTest, WhatIsHandedOutNeedsAPlace)
 {
-    const auto property = Create("float");
+    const auto held = Create("float");
+    ZrvProperty* property = held.get();
+    EXPECT_EQ(Answer(ZrvProperty::CreateProperty("double", property, nullptr)),
+              "error [condition !oProperty in ZrvProperty]");
     ZrvProperties other;
-    ZrvProperties* out = &other;
-    EXPECT_EQ(Answer(property->GetParameters(nullptr)), "error [pointer opProperties in ZrvProperty]");
-    EXPECT_EQ(Answer(property->GetParameters(&out)), "error [condition !(*opProperties) in ZrvProperty]");
-    EXPECT_EQ(out, &other);
-    out = nullptr;
-    EXPECT_EQ(Answer(property->GetParameters(&out)), "ok");
-    EXPECT_EQ(out, nullptr);
+    ZrvProperties* parameters = &other;
+    EXPECT_EQ(Answer(held->GetParameters(nullptr)), "error [pointer opProperties in ZrvProperty]");
+    EXPECT_EQ(Answer(held->GetParameters(&parameters)), "error [condition !(*opProperties) in ZrvProperty]");
+    EXPECT_TRUE(property == held.get() && parameters == &other);
+    parameters = nullptr;
+    EXPECT_EQ(Answer(held->GetParameters(&parameters)), "ok");
+    EXPECT_EQ(parameters, nullptr);
 }
 
 } // namespace

@@ -3,20 +3,20 @@
 
 #include "KELSysTSBaseUnknown.h"
 
-/// A counted object that tells its count and, when it goes, says so.
+#include <functional>
+#include <utility>
+
+/// A counted object that does something when it goes.
 class CountedObject : public KELSysTSBaseUnknown {
 public:
-    /// \param oIsGone set to true by the destructor, when not null
-    explicit CountedObject(bool* oIsGone = nullptr) : KELSysTSBaseUnknown(1), m_isGone(oIsGone) {}
-    ~CountedObject() override
+    explicit CountedObject(std::function<void()> iFarewell = [] {})
+        : KELSysTSBaseUnknown(1), m_farewell(std::move(iFarewell))
     {
-        if (m_isGone) {
-            *m_isGone = true;
-        }
     }
+    ~CountedObject() override { m_farewell(); }
 
 private:
-    bool* m_isGone;
+    std::function<void()> m_farewell;
 };
 
 /// The references on an object, the caller's included.
