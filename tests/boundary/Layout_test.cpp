@@ -33,38 +33,26 @@ using Operation = Signature C::*;
 using Name = const KELUnicodeString&;
 using Nested = ZrvConstPropertiesPrototype*;
 
+template <class... Classes>
+std::string SizesAndSlots()
+{
+    std::string all;
+    ((all += std::to_string(sizeof(Classes)) + ":" + std::to_string(SlotOf(&Longer<Classes>::End)) + " "), ...);
+    return all;
+}
+
 // Callers that were compiled earlier rely on these sizes and slots: a change here needs a new major version.
 TEST(Layout, SizesAndNumbersOfSlots)
 {
-    struct Case {
-        const char* name;
-        std::size_t actualSize, actualSlots, size, slots;
-    };
-#define LAYOUT_CLASS(Class) #Class, sizeof(Class), SlotOf(&Longer <Class>::End)
-    const Case cases[] = {
-        {LAYOUT_CLASS(KELUnicodeString), 8, 0},
-        {LAYOUT_CLASS(KELRawCollfloat), 8, 0},
-        {LAYOUT_CLASS(KELListValKELUnicodeString), 24, 0},
-        {LAYOUT_CLASS(KELSysTSListOfUnicodeString), 24, 0},
-        {LAYOUT_CLASS(KELSysElapseTime), 8, 0},
-        {LAYOUT_CLASS(KELSysTSBaseUnknown), 16, 6},
-        {LAYOUT_CLASS(ZrvRC), 16, 0},
-        {LAYOUT_CLASS(ZrvPropertyTypeConv), 1, 0},
-        {LAYOUT_CLASS(ZrvDebugServices), 1, 0},
-        {LAYOUT_CLASS(ZrvFPSMeasure), 48, 2},
-        {LAYOUT_CLASS(ZrvPropertyValueBase), 8, 6},
-        {LAYOUT_CLASS(ZrvPropertyValue<float>), 16, 8},
-        {LAYOUT_CLASS(ZrvPropertyValue<KELRawCollfloat>), 16, 8},
-        {LAYOUT_CLASS(ZrvPropertyValue<KELSysTSBaseUnknown*>), 16, 8},
-        {LAYOUT_CLASS(ZrvConstPropertiesPrototype), 16, 11},
-        {LAYOUT_CLASS(ZrvPropertiesPrototype), 16, 14},
-        {LAYOUT_CLASS(ZrvPrototypeImpl), 24, 15},
-        {LAYOUT_CLASS(ZrvProperties), 16, 12},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.actualSize, c.size) << c.name;
-        EXPECT_EQ(c.actualSlots, c.slots) << c.name;
-    }
+    EXPECT_EQ((SizesAndSlots<KELUnicodeString, KELRawCollfloat, KELListValKELUnicodeString, KELSysTSListOfUnicodeString,
+                             KELSysElapseTime, KELSysTSBaseUnknown>()),
+              "8:0 8:0 24:0 24:0 8:0 16:6 ");
+    EXPECT_EQ((SizesAndSlots<ZrvRC, ZrvPropertyTypeConv, ZrvDebugServices, ZrvFPSMeasure>()), "16:0 1:0 1:0 48:2 ");
+    EXPECT_EQ((SizesAndSlots<ZrvPropertyValueBase, ZrvPropertyValue<float>, ZrvPropertyValue<KELRawCollfloat>,
+                             ZrvPropertyValue<KELSysTSBaseUnknown*>>()),
+              "8:6 16:8 16:8 16:8 ");
+    EXPECT_EQ((SizesAndSlots<ZrvConstPropertiesPrototype, ZrvPropertiesPrototype, ZrvPrototypeImpl, ZrvProperties>()),
+              "16:11 16:14 24:15 16:12 ");
 }
 
 template <class... Members>

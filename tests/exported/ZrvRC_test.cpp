@@ -2,6 +2,9 @@
 
 #include "ReportingTest.h"
 
+#include <array>
+#include <utility>
+
 namespace {
 
 TEST(ZrvRC, OnlyZeroAndOneAreValid)
@@ -22,19 +25,20 @@ TEST(ZrvRC, OnlyZeroAndOneAreValid)
 
 TEST(ZrvRC, TranslatesPlatformResults)
 {
-    struct Case {
-        long result;
-        const char* words;
+    const std::pair<long, const char*> cases[] = {
+        {0, "ok"},
+        {1, "ok"},
+        {0x7FFFFFFFL, "ok"},
+        {static_cast<long>(0x80004003L), "error: E_POINTER : NULL pointer argument."},
+        {static_cast<long>(0x80004004L), "error: E_ABORT : Operation aborted."},
+        {static_cast<long>(0x80004005L), "error: E_FAIL : Failure."},
+        {-2147467259L, "error: E_FAIL : Failure."},
+        {static_cast<long>(0x8007000EL), "error: E_OUTOFMEMORY : Insufficient memory."},
+        {static_cast<long>(0x80070057L), "error: E_INVALIDARG : Argument is invalid."},
+        {-2, "error: Unknown error hresult."},
     };
-    for (const Case& c : {Case{0, "ok"}, Case{1, "ok"}, Case{0x7FFFFFFFL, "ok"},
-                          Case{static_cast<long>(0x80004003L), "error: E_POINTER : NULL pointer argument."},
-                          Case{static_cast<long>(0x80004004L), "error: E_ABORT : Operation aborted."},
-                          Case{static_cast<long>(0x80004005L), "error: E_FAIL : Failure."},
-                          Case{-2147467259L, "error: E_FAIL : Failure."},
-                          Case{static_cast<long>(0x8007000EL), "error: E_OUTOFMEMORY : Insufficient memory."},
-                          Case{static_cast<long>(0x80070057L), "error: E_INVALIDARG : Argument is invalid."},
-                          Case{-2L, "error: Unknown error hresult."}}) {
-        EXPECT_EQ(InWords(ZrvRC(c.result)), c.words) << c.result;
+    for (const auto& [result, words] : cases) {
+        EXPECT_EQ(InWords(ZrvRC(result)), words) << result;
     }
 }
 
@@ -51,22 +55,17 @@ TEST(ZrvRC, ComparesCodesAlone)
 
 TEST(ZrvRC, InsertLinesBeginPrefixesEveryLine)
 {
-    struct Case {
-        const char* text;
-        const char* prefix;
-        const char* prefixed;
-    };
-    const Case cases[] = {
+    const std::array<const char*, 3> cases[] = {
         {"a\nb", "> ", "> a\n> b"},  {"a\n", "> ", "> a\n> "},         {"", "> ", "> "},
         {"a\nb", "", "a\nb"},        {"a\n\nb", "P", "Pa\nP\nPb"},     {"\na", "P", "P\nPa"},
         {"a\r\nb", "P", "Pa\r\nPb"}, {"a\nb", "x\ny", "x\nya\nx\nyb"},
     };
-    for (const Case& c : cases) {
-        KELUnicodeString prefix(c.prefix);
-        std::string narrow(c.prefix);
-        EXPECT_STREQ(ZrvRC::InsertLinesBegin(c.text, prefix).ConvertToChar(), c.prefixed);
-        EXPECT_STREQ(ZrvRC::InsertLinesBegin(c.text, narrow.data()).ConvertToChar(), c.prefixed);
-        EXPECT_STREQ(prefix.ConvertToChar(), c.prefix);
+    for (const auto& [text, prefix, prefixed] : cases) {
+        KELUnicodeString wide(prefix);
+        std::string narrow(prefix);
+        EXPECT_STREQ(ZrvRC::InsertLinesBegin(text, wide).ConvertToChar(), prefixed);
+        EXPECT_STREQ(ZrvRC::InsertLinesBegin(text, narrow.data()).ConvertToChar(), prefixed);
+        EXPECT_STREQ(wide.ConvertToChar(), prefix);
     }
     EXPECT_EQ(ZrvRC::InsertLinesBegin("a\nb", static_cast<char*>(nullptr)), KELUnicodeString("a\nb"));
 }

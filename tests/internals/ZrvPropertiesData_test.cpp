@@ -6,6 +6,7 @@
 #include "ZrvPrototypeImpl.h"
 
 #include <memory>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -68,20 +69,16 @@ TEST_F(ZrvPropertiesDataTest, AnEntryWithoutAPropertyIsHeldButNotInstantiated)
 TEST_F(ZrvPropertiesDataTest, CopyRefusesIncompleteProperties)
 {
     const std::string noType = " [condition inputPropertyType.GetLengthInChar()>0 in ZrvProperties_data]";
-    struct Case {
-        const char* name;
-        bool hasProperty;
-        std::string answer;
-    };
-    for (const Case& c :
-         {Case{"", true,
-               "error: Property without name. [condition inputPropertyName.Compare(\"\")!=2 in ZrvProperties_data]"},
-          Case{"n", false, "error: Property without type." + noType},
-          Case{"n", true, "error: Property without type. [pointer m_value in ZrvProperty]" + noType}}) {
+    const std::tuple<const char*, bool, std::string> cases[] = {
+        {"", true,
+         "error: Property without name. [condition inputPropertyName.Compare(\"\")!=2 in ZrvProperties_data]"},
+        {"n", false, "error: Property without type." + noType},
+        {"n", true, "error: Property without type. [pointer m_value in ZrvProperty]" + noType}};
+    for (const auto& [name, hasProperty, answer] : cases) {
         ZrvPropertiesData source(nullptr);
         source.AddProperty("sound", "KELINT32", nullptr);
-        Plant(source, c.name, c.hasProperty ? std::make_unique<ZrvProperty>(nullptr) : nullptr);
-        EXPECT_EQ(Answer(free.SetFromProperties(source)), c.answer);
+        Plant(source, name, hasProperty ? std::make_unique<ZrvProperty>(nullptr) : nullptr);
+        EXPECT_EQ(Answer(free.SetFromProperties(source)), answer);
         EXPECT_EQ(free.HasProperty("sound"), 0);
     }
 }
