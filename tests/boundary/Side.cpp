@@ -46,7 +46,7 @@ public:
 
     const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) override
     {
-        SeededChoices choices(iSeed, 2000);
+        SeededChoices choices(iSeed, 1000);
         try {
             ::UseAtRandom(choices, Memory::Behaves, &ioOther);
         } catch (const std::logic_error& difference) {

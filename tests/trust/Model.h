@@ -60,6 +60,8 @@ struct PrototypeModel {
     static inline int s_realAlive = 0; // real ones, which count themselves
 };
 
+inline const std::string g_noTypeToSet =
+    " [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]";
 inline const std::string g_noPosition = " [condition 1<=iPosition && iPosition<=Size() in KELPositions]";
 inline const std::string g_noName = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties]";
 inline const std::string g_noNameInData = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties_data]";

@@ -171,16 +171,8 @@ private:
         const bool isTyped = !TypeOf(value.model).empty();
         const bool fits = isTyped && value.model.index() == other.model.index();
         Expect(value.real->IsPurelyIdenticalTo(*other.real), isTyped && value.model == other.model, "identity");
-        Both(
-            [&] { return value.real->SetValueFromProperty(*other.real); },
-            [&] {
-                return fits
-                           ? Outcome()
-                           : Outcome::Error(
-                                 isTyped
-                                     ? ""
-                                     : " [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
-            });
+        const Outcome refused = Outcome::Error(isTyped ? "" : g_noTypeToSet);
+        Both([&] { return value.real->SetValueFromProperty(*other.real); }, [&] { return fits ? Outcome() : refused; });
         value.model = fits ? other.model : value.model;
         auto copy = Do([&] { return std::unique_ptr<ZrvPropertyValueBase>(value.real->Duplicate()); });
         Expect(copy != nullptr, isTyped, "Duplicate");
@@ -190,52 +182,59 @@ private:
         }
     }
 
-    // Lists that share their elements with each other, with values or with a constant, or have lent one.
     void UseFloats()
     {
-        static constinit KELRawCollfloat::Constant<3> s_constant;
         Floats& floats = Any(m_floats);
-        static constexpr float kNumbers[] = {0.0F, -0.0F, 1.0F, -1.0F, 2.0F, std::numeric_limits<float>::quiet_NaN()};
-        const float number = Any(kNumbers);
         const std::size_t position = m_choices.Below(floats.model.size() + 1);
-        const std::size_t size = 2 * position % 64;
-        switch (m_choices.Below(6)) {
-        case 0:
-            floats = {KELRawCollfloat(s_constant), std::vector<float>(3)};
-            break;
-        case 1:
-            Do([&] { return floats.real.Append(number), true; });
-            floats.model.push_back(number);
-            break;
-        case 2:
-            Do([&] { return floats.real.Size(m_isBad ? -1 : static_cast<int>(size), number), true; });
-            floats.model.resize(m_isBad ? 0 : size, number);
-            break;
-        case 3:
-            if (position > 0) {
-                const KELRawCollfloat copy = Do([&] {
-                    float& lent = floats.real[static_cast<int>(position)];
-                    KELRawCollfloat taken = floats.real;
-                    lent = number; // the copy has elements of its own
-                    return taken;
-                });
-                Expect(Describe(ToModel(copy)), Describe(floats.model), "copy of a list that has lent an element");
-                floats.model[position - 1] = number;
-            }
-            break;
-        case 4:
-            floats = Do([&other = Any(m_floats)] { return other; });
-            break;
-        default:
-            Value& value = Any(m_values);
-            value.real = Do([&] { return std::make_unique<ZrvPropertyValue<KELRawCollfloat>>(floats.real); });
-            value.model = floats.model;
-        }
+        ChangeFloats(floats, position);
         const Floats& other = m_floats[position % 3];
         Expect(KELRawCollfloat::Compare(floats.real, other.real), Compare(floats.model, other.model), "Compare");
         const int outside = m_isBad ? static_cast<int>(floats.model.size()) + 1 : -static_cast<int>(position);
         floats.real[outside] = 5.0F;
         Expect(std::as_const(floats.real)[outside], 0.0F, "an element outside", g_noPosition + g_noPosition);
+    }
+
+    // Lists share their elements with each other, with values or with a constant, or have lent one.
+    void ChangeFloats(Floats& ioFloats, std::size_t iPosition)
+    {
+        static constinit KELRawCollfloat::Constant<3> s_constant;
+        static constexpr float kNumbers[] = {0.0F, -0.0F, 1.0F, -1.0F, 2.0F, std::numeric_limits<float>::quiet_NaN()};
+        const float number = Any(kNumbers);
+        const std::size_t size = m_isBad ? 0 : 2 * iPosition % 64;
+        KELRawCollfloat& real = ioFloats.real;
+        std::vector<float>& model = ioFloats.model;
+        switch (m_choices.Below(6)) {
+        case 0:
+            ioFloats = {KELRawCollfloat(s_constant), std::vector<float>(3)};
+            break;
+        case 1:
+            Do([&] { return real.Append(number), true; });
+            model.push_back(number);
+            break;
+        case 2:
+            Do([&] { return real.Size(m_isBad ? -1 : static_cast<int>(size), number), true; });
+            model.resize(size, number);
+            break;
+        case 3:
+            if (iPosition > 0) {
+                const KELRawCollfloat copy = Do([&] {
+                    float& lent = real[static_cast<int>(iPosition)];
+                    KELRawCollfloat taken = real;
+                    lent = number; // the copy has elements of its own
+                    return taken;
+                });
+                Expect(Describe(ToModel(copy)), Describe(model), "copy of a list that has lent an element");
+                model[iPosition - 1] = number;
+            }
+            break;
+        case 4:
+            ioFloats = Do([&other = Any(m_floats)] { return other; });
+            break;
+        default:
+            Value& value = Any(m_values);
+            value.real = Do([&] { return std::make_unique<ZrvPropertyValue<KELRawCollfloat>>(real); });
+            value.model = model;
+        }
     }
 
     static int Compare(const std::vector<float>& iLeft, const std::vector<float>& iRight)
@@ -289,10 +288,8 @@ private:
         } else if (m_choices.Below(2) == 0) {
             Both([&] { return m_code.AddTrace(text.c_str()); }, [&] { return trace += text, m_codeModel; });
         } else {
-            Both([&] { return m_code.Add(ZrvRC(code, text.c_str())); },
-                 [&] {
-                     return m_codeModel = {code, merged, ""};
-                 });
+            const Outcome added = {code, merged, ""};
+            Both([&] { return m_code.Add(ZrvRC(code, text.c_str())); }, [&] { return m_codeModel = added; });
         }
         KELUnicodeString prefix(text.c_str());
         const KELUnicodeString lines = Do([&] { return ZrvRC::InsertLinesBegin(trace.c_str(), prefix); });
