@@ -4,7 +4,8 @@
 
 namespace {
 
-const std::string g_goodNames[] = {"width", "height", "rate", "title", "a", "A", "\xC3\xA9", "e\xCC\x81"};
+// The first two have the same hash.
+const std::string g_goodNames[] = {"rate73436", "rate73804", "rate", "title", "a", "A", "\xC3\xA9", "e\xCC\x81"};
 const std::string g_badNames[] = {"", "", "undeclared", "\xC3", "\xFF\xFE", "width ", std::string(3000, 'x')};
 const std::string g_badTypes[] = {"", "", "i", "int", "Float", "float ", "KELINT", "\xC0\x80"};
 
@@ -40,8 +41,8 @@ const std::string& RandomState::Name()
 
 std::string RandomState::TypeName()
 {
-    const auto type = static_cast<ZrvPropertyType>(m_choices.Below(zrvPT_Undefined));
-    return IsBad() ? Any(g_badTypes) : Text(ZrvPropertyTypeConv::GetAsUnicode(type));
+    const std::size_t type = m_choices.Below(zrvPT_Undefined);
+    return IsBad() ? Any(g_badTypes) : g_typeNames[type];
 }
 
 ValueModel RandomState::AnyValue()

@@ -119,9 +119,9 @@ private:
         PrototypeModel& prototype = *Any(m_prototypes);
         const std::string name = Name();
         const PrototypeRef& nested = Nested(prototype.age);
-        const auto type = static_cast<ZrvPropertyType>(static_cast<int>(m_choices.Below(12)) - 1);
+        const std::size_t type = m_choices.Below(std::size(g_typeNames));
         const bool isNamed = m_choices.Below(2) == 0;
-        const std::string typeName = isNamed ? TypeName() : Text(ZrvPropertyTypeConv::GetAsUnicode(type));
+        const std::string typeName = isNamed ? TypeName() : g_typeNames[type];
         if (m_choices.Below(4) == 0) {
             Both([&] { return prototype.real->RemoveProperty(name.c_str()); },
                  [&] { return prototype.declared.erase(name) != 0 ? Outcome() : Outcome::Error(); });
@@ -130,7 +130,8 @@ private:
         Both(
             [&] {
                 return isNamed ? prototype.real->AddProperty(name.c_str(), typeName.c_str(), RealOf(nested))
-                               : prototype.real->AddProperty(name.c_str(), type, RealOf(nested));
+                               : prototype.real->AddProperty(name.c_str(), static_cast<ZrvPropertyType>(type),
+                                                             RealOf(nested));
             },
             [&] { return prototype.Declare(name, typeName, nested); });
     }

@@ -18,9 +18,14 @@ inline std::string Text(const KELUnicodeString& iText)
     return iText.ConvertToChar();
 }
 
+inline const char* const g_typeNames[] = {"bytePtr",  "KELUnicodeString", "KELBoolean",
+                                          "KELINT32", "KELUINT32",        "float",
+                                          "double",   "floatList",        "KELSysTSBaseUnknownPtr",
+                                          ""};
+
 inline std::string TypeOf(const ValueModel& iValue)
 {
-    return Text(ZrvPropertyTypeConv::GetAsUnicode(static_cast<ZrvPropertyType>(iValue.index())));
+    return g_typeNames[iValue.index()];
 }
 
 /// A model's contents as a real value's.
