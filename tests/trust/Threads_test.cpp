@@ -108,19 +108,15 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
     const KELCheckFailureHandler previous = KELSetCheckFailureHandler(&CallBack);
     const auto name = [](int iRound) { return Numbered("name", iRound % 500); };
     const Job add = [&](int iRound) { Expect(set.AddProperty(name(iRound), "float", &nested).IsValid()); };
-    const Job setText = [&](int iRound) {
-        Expect(set.SetProperty("text", ZrvPropertyValue<KELUnicodeString>(name(iRound))).IsValid());
-    };
-    const Job setObject = [&](int iRound) {
+    const Job change = [&](int iRound) {
         const ZrvPropertyValue<KELSysTSBaseUnknown*> value(iRound % 2 ? &object : nullptr);
         Expect(set.SetProperty("object", value).IsValid() && set.SetFromProperties(source).IsValid());
+        Expect(set.SetProperty("text", ZrvPropertyValue<KELUnicodeString>(name(iRound))).IsValid());
     };
-    const Job list = [&](int) {
+    const Job query = [&](int iRound) {
         KELListValKELUnicodeString names;
         KELSysTSListOfUnicodeString narrow;
         Expect(set.GetListProperties(names) >= 2 && set.GetListProperties(narrow) >= 2);
-    };
-    const Job query = [&](int iRound) {
         ZrvConstPropertiesPrototype* none = nullptr;
         Expect(set.GetPrototype(none).IsValid() && !none && !set.GetPropertyParameters("object"));
         Expect(set.GetAvailability(name(iRound)) != ZrvProperties::zrvPA_Unavailable);
@@ -138,7 +134,7 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
         Expect(set.SetProperty("text", ZrvPropertyValue<float>(1.0F)).IsError() && set.AddProperty("text").IsError());
         Expect(set.GetAvailability("") == ZrvProperties::zrvPA_Unavailable);
     };
-    RunTogether({add, add, setText, setObject, list, query, copy, fail});
+    RunTogether({add, add, change, change, query, query, copy, fail});
     KELSetCheckFailureHandler(previous);
     EXPECT_TRUE(g_reports >= 3 && set.HasProperty("name0") && set.GetPropertyType("reported") == "KELINT32");
     set = ZrvProperties();
