@@ -35,7 +35,7 @@ TEST_F(KELSYPHashMapTest, IteratorsKeepTheirItemUntilTheyMove)
 {
     IntMap map;
     map.Insert("a", 1);
-    const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> it(std::as_const(map).CreateIterator());
+    const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> it(map.CreateIterator());
     const auto* const item = it->CurrentItem();
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(it->CurrentItem(), item);
