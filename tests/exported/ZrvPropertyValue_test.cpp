@@ -25,24 +25,8 @@ TEST_F(ZrvPropertyValueTest, UnknownTypesAreRefused)
     EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(Int(1))),
               "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
     EXPECT_EQ(Answer(Int(1).SetValueFromProperty(NamedValue("int"))), "error");
-    EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));
-}
-
-TEST_F(ZrvPropertyValueTest, FreeFunctions)
-{
     EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
-    EXPECT_TRUE(ZrvPropertyValue_StringComparator("KELINT32", std::string("KELINT32").c_str()));
-    EXPECT_FALSE(ZrvPropertyValue_StringComparator("KELINT32", "KELUINT32"));
-    KELRawCollfloat list;
-    list.Append(1.5F);
-    EXPECT_TRUE(ZrvPropertyValue_LstFloatComparator(KELRawCollfloat(), KELRawCollfloat(7)));
-    EXPECT_FALSE(ZrvPropertyValue_LstFloatComparator(list, KELRawCollfloat()));
-}
-
-TEST_F(ZrvPropertyValueTest, ZeroesAreIdentical)
-{
-    EXPECT_TRUE(ZrvPropertyValue<float>(0.0F).IsPurelyIdenticalTo(ZrvPropertyValue<float>(-0.0F)));
-    EXPECT_TRUE(ZrvPropertyValue<double>(0.0).IsPurelyIdenticalTo(ZrvPropertyValue<double>(-0.0)));
+    EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));
 }
 
 /// A value that counts what it is asked and takes 1 away from what it is set to.

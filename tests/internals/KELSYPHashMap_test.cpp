@@ -1,9 +1,6 @@
 #include "KELSYPHashMap.h"
 
-#include "CountedObject.h"
 #include "ReportingTest.h"
-#include "ZrvPropertyDefinition.h"
-#include "ZrvPrototypeImpl.h"
 
 #include <memory>
 
@@ -11,25 +8,6 @@ namespace {
 
 using IntMap = KELSYPHashMap<KELUnicodeString, int>;
 using KELSYPHashMapTest = ReportingTest;
-
-TEST_F(KELSYPHashMapTest, ReleasesWhatValuesHoldAndNothingThatTheyPointTo)
-{
-    ZrvPrototypeImpl one;
-    ZrvPrototypeImpl other;
-    {
-        KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition> map;
-        KELSYPHashMap<KELUnicodeString, ZrvPrototypeImpl*> pointers;
-        for (ZrvPrototypeImpl* value : {&one, &other}) {
-            pointers.Insert("a", value);
-            map.Insert("a", ZrvPropertyDefinition("float", value));
-            map.Insert("b", ZrvPropertyDefinition("float", &one));
-        }
-        EXPECT_TRUE(CountOf(one) == 2 && CountOf(other) == 2);
-        EXPECT_EQ(map.Remove("a") + pointers.Remove("a"), 2);
-        EXPECT_EQ(CountOf(other), 1U);
-    }
-    EXPECT_EQ(CountOf(one), 1U);
-}
 
 TEST_F(KELSYPHashMapTest, IteratorsKeepTheirItemUntilTheyMove)
 {

@@ -52,11 +52,16 @@ ValueModel RandomState::AnyValue()
     const float odd = number == 2 ? std::numeric_limits<float>::quiet_NaN() : static_cast<float>(number) * 0.5F;
     unsigned char* const bytes[] = {nullptr, nullptr, nullptr, &g_bytes[0], &g_bytes[1]};
     KELSysTSBaseUnknown* const objects[] = {nullptr, nullptr, &m_objects[0], &m_objects[1], &m_objects[2]};
-    const float lowest = odd == 0.0F ? -0.0F : odd;
-    const ValueModel values[] = {
-        bytes[size],       g_badNames[size], KELBoolean(number),       number,
-        KELUINT32(number), lowest,           static_cast<double>(odd), std::vector<float>(size, odd),
-        objects[size]};
+    const float signedOdd = odd == 0.0F && m_steps % 2 == 0 ? -0.0F : odd;
+    const ValueModel values[] = {bytes[size],
+                                 g_badNames[size],
+                                 KELBoolean(number),
+                                 number,
+                                 KELUINT32(number),
+                                 signedOdd,
+                                 static_cast<double>(signedOdd),
+                                 std::vector<float>(size, odd),
+                                 objects[size]};
     return IsBad() ? ValueModel(std::monostate()) : Any(values);
 }
 
@@ -195,10 +200,11 @@ void RandomState::Check()
     for (const Floats& floats : m_floats) {
         Expect(Describe(ToModel(floats.real)), Describe(floats.model), "list");
     }
-    std::map<std::string, int> met;
-    for (KELSYPHashMapIteratorHolder<KELUnicodeString, int> it(m_map); !it.IsDone(); it.Next()) {
-        met[Text(*it.CurrentItem()->pKey)] = *it.CurrentItem()->pValue;
-        Expect<const int*>(m_map.Locate(*it.CurrentItem()->pKey), it.CurrentItem()->pValue, "where an entry is found");
+    std::map<std::string, std::string> met;
+    for (KELSYPHashMapIteratorHolder<KELUnicodeString, KELUnicodeString> it(m_map); !it.IsDone(); it.Next()) {
+        met[Text(*it.CurrentItem()->pKey)] = Text(*it.CurrentItem()->pValue);
+        Expect<const KELUnicodeString*>(m_map.Locate(*it.CurrentItem()->pKey), it.CurrentItem()->pValue,
+                                        "where an entry is found");
     }
     Expect(met, m_mapModel, "what a walk over the map meets");
     Expect(Text(m_text), m_textModel, "text");

@@ -141,8 +141,8 @@ protected:
     Set m_sets[4];
     Value m_values[5];
     Floats m_floats[3];
-    KELSYPHashMap<KELUnicodeString, int> m_map;
-    std::map<std::string, int> m_mapModel;
+    KELSYPHashMap<KELUnicodeString, KELUnicodeString> m_map;
+    std::map<std::string, std::string> m_mapModel;
     KELUnicodeString m_text;
     std::string m_textModel;
     ZrvRC m_code;

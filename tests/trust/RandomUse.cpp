@@ -189,7 +189,9 @@ private:
         const std::size_t position = m_choices.Below(floats.model.size() + 1);
         ChangeFloats(floats, position);
         const Floats& other = m_floats[position % 3];
-        Expect(KELRawCollfloat::Compare(floats.real, other.real), Compare(floats.model, other.model), "Compare");
+        const int order = Compare(floats.model, other.model);
+        Expect(KELRawCollfloat::Compare(floats.real, other.real), order, "Compare");
+        Expect(ZrvPropertyValue_LstFloatComparator(floats.real, other.real), order == 0, "comparator of lists");
         const int outside = m_isBad ? static_cast<int>(floats.model.size()) + 1 : -static_cast<int>(position);
         floats.real[outside] = 5.0F;
         Expect(std::as_const(floats.real)[outside], 0.0F, "an element outside", g_noPosition + g_noPosition);
@@ -258,9 +260,10 @@ private:
             Expect(Do([&] { return m_map.Remove(name); }), held, "Remove");
             m_mapModel.erase(text);
         } else {
-            Expect(Do([&] { return m_map.Insert(name, m_steps); }), 1 - held, "Insert");
-            m_mapModel[text] = m_steps;
-            Expect(*m_map.Locate(name), m_steps, "inserted");
+            const std::string value = std::to_string(m_steps);
+            Expect(Do([&] { return m_map.Insert(name, value.c_str()); }), 1 - held, "Insert");
+            m_mapModel[text] = value;
+            Expect(Text(*m_map.Locate(name)), value, "inserted");
         }
         Expect(m_map.Size(), static_cast<int>(m_mapModel.size()), "Size");
     }
@@ -273,6 +276,8 @@ private:
             m_text = KELUnicodeString();
             m_textModel.clear();
         }
+        const KELUnicodeString wide(text.c_str());
+        Expect(ZrvPropertyValue_StringComparator(wide, m_text), text == m_textModel, "comparator of texts");
         Do([&] { return isInFront ? m_text.Insert(0, text.c_str()) : m_text.Append(text.c_str()); });
         m_textModel = isInFront ? text + m_textModel : m_textModel + text;
     }
@@ -292,10 +297,24 @@ private:
             const Outcome added = {code, merged, ""};
             Both([&] { return m_code.Add(ZrvRC(code, text.c_str())); }, [&] { return m_codeModel = added; });
         }
-        KELUnicodeString prefix(text.c_str());
-        const KELUnicodeString lines = Do([&] { return ZrvRC::InsertLinesBegin(trace.c_str(), prefix); });
-        Expect(Text(lines).substr(0, text.size()), text, "InsertLinesBegin");
         ExpectOutcome(m_code.Add(m_code), m_codeModel);
+        ZrvRC other(code, "other");
+        Expect(m_code == other && !(m_code != other), m_codeModel.code == code, "comparison of codes");
+        Expect(other.IsValid() && !other.IsError() && !!other, code == 0 || code == 1, "IsValid");
+        CheckLines(trace, text);
+    }
+
+    void CheckLines(const std::string& iText, std::string iPrefix)
+    {
+        std::string lines = iPrefix;
+        for (const char character : iText) {
+            lines += character == '\n' ? character + iPrefix : std::string(1, character);
+        }
+        const KELUnicodeString text(iText.c_str());
+        KELUnicodeString prefix(iPrefix.c_str());
+        Expect(Text(Do([&] { return ZrvRC::InsertLinesBegin(text, prefix); })), lines, "InsertLinesBegin");
+        Expect(Text(Do([&] { return ZrvRC::InsertLinesBegin(text, iPrefix.data()); })), lines, "InsertLinesBegin");
+        Expect(Text(prefix), iPrefix, "prefix");
     }
 };
 
