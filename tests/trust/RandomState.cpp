@@ -49,17 +49,19 @@ ValueModel RandomState::AnyValue()
 {
     const auto number = static_cast<KELINT32>(m_choices.Below(5)) - 2;
     const auto size = static_cast<std::size_t>(number + 2);
-    const float odd = number == 2 ? std::numeric_limits<float>::quiet_NaN() : static_cast<float>(number) * 0.5F;
+    const float zero = m_steps % 2 == 0 ? -0.0F : 0.0F;
+    const float odd = number == 2   ? std::numeric_limits<float>::quiet_NaN()
+                      : number == 0 ? zero
+                                    : static_cast<float>(number) * 0.5F;
     unsigned char* const bytes[] = {nullptr, nullptr, nullptr, &g_bytes[0], &g_bytes[1]};
     KELSysTSBaseUnknown* const objects[] = {nullptr, nullptr, &m_objects[0], &m_objects[1], &m_objects[2]};
-    const float signedOdd = odd == 0.0F && m_steps % 2 == 0 ? -0.0F : odd;
     const ValueModel values[] = {bytes[size],
                                  g_badNames[size],
                                  KELBoolean(number),
                                  number,
                                  KELUINT32(number),
-                                 signedOdd,
-                                 static_cast<double>(signedOdd),
+                                 odd,
+                                 static_cast<double>(odd),
                                  std::vector<float>(size, odd),
                                  objects[size]};
     return IsBad() ? ValueModel(std::monostate()) : Any(values);

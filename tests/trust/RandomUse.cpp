@@ -299,8 +299,10 @@ private:
         }
         ExpectOutcome(m_code.Add(m_code), m_codeModel);
         ZrvRC other(code, "other");
-        Expect(m_code == other && !(m_code != other), m_codeModel.code == code, "comparison of codes");
-        Expect(other.IsValid() && !other.IsError() && !!other, code == 0 || code == 1, "IsValid");
+        const bool isSame = m_codeModel.code == code;
+        const bool isValid = code == ZrvRC::zrvEC_OK || code == ZrvRC::zrvEC_NothingDone;
+        Expect((m_code == other) == isSame && (m_code != other) != isSame, true, "comparison of codes");
+        Expect(other.IsValid() == isValid && other.IsError() != isValid && !other != isValid, true, "IsValid");
         CheckLines(trace, text);
     }
 
