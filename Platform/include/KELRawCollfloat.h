@@ -19,7 +19,8 @@ class KEL_API KELRawCollfloat {
         KELReferenceCount holders;
         int size;
         int capacity;
-        bool isLent; // a caller may still write through a reference into it, so that it is not shared any more
+        bool isLent;   // a caller may still write through a reference into it, so that it is not shared any more
+        float nowhere; // what a position outside gives; thread-local, it would outlive the module on Windows
         float* values;
     };
 
@@ -30,7 +31,7 @@ public:
     public:
         /// N elements, each 0.
         constexpr Constant() noexcept
-            : m_elements{KELReferenceCount(KELReferenceCount::Immortal()), N, N, false, m_values}
+            : m_elements{KELReferenceCount(KELReferenceCount::Immortal()), N, N, false, 0.0F, m_values}
         {
         }
 
@@ -72,7 +73,7 @@ public:
     float operator[](int iPosition) const;
 
     /// The same for writing; valid until the list is next changed, assigned or destroyed. Any other position is
-    /// reported as a failed check and gives an element that belongs to no list.
+    /// reported as a failed check and gives a 0 to write to that is no element.
     float& operator[](int iPosition);
 
     /// 0 when both lists have the same number of elements and all are equal (a NaN equals nothing, 0.0 equals -0.0);

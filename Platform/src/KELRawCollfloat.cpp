@@ -16,7 +16,7 @@ KELRawCollfloat::Elements* KELRawCollfloat::CopyElements(const Elements* iElemen
     if (iElements) {
         std::uninitialized_copy_n(iElements->values, size, values);
     }
-    return ::new (memory) Elements{KELReferenceCount(1), size, iCapacity, false, values};
+    return ::new (memory) Elements{KELReferenceCount(1), size, iCapacity, false, 0.0F, values};
 }
 
 KELRawCollfloat::KELRawCollfloat(int iReserved) : m_elements(iReserved > 0 ? CopyElements(nullptr, iReserved) : nullptr)
@@ -86,13 +86,10 @@ float KELRawCollfloat::operator[](int iPosition) const
 
 float& KELRawCollfloat::operator[](int iPosition)
 {
-    if (!KELHasPosition(iPosition, Size())) {
-        thread_local float s_nowhere;
-        return s_nowhere = 0.0F;
-    }
+    const bool isThere = KELHasPosition(iPosition, Size());
     MakeWritable(Size());
     m_elements->isLent = true;
-    return m_elements->values[iPosition - 1];
+    return isThere ? m_elements->values[iPosition - 1] : m_elements->nowhere = 0.0F;
 }
 
 int KELRawCollfloat::Compare(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight)
