@@ -25,6 +25,23 @@ protected:
 };
 
 class OwnMaker final : public Maker {
+    template <class T>
+    struct Derived : T {
+        using T::T;
+    };
+
+    struct WatchedPrototype : ZrvPrototypeImpl {
+        explicit WatchedPrototype(int& ioAlive) : m_alive(ioAlive) { ++m_alive; }
+        ~WatchedPrototype() override { --m_alive; }
+        int& m_alive;
+    };
+
+    template <class T, class Argument>
+    static T* New(bool iIsDerived, const Argument& iArgument)
+    {
+        return iIsDerived ? new Derived<T>(iArgument) : new T(iArgument);
+    }
+
 public:
     ZrvPropertyValueBase* MakeValue(const ValueModel& iValue, bool iIsDerived) override
     {
@@ -46,24 +63,6 @@ public:
     ZrvPrototypeImpl* MakePrototype(int* ioAlive) override
     {
         return ioAlive ? new WatchedPrototype(*ioAlive) : new ZrvPrototypeImpl;
-    }
-
-private:
-    template <class T>
-    struct Derived : T {
-        using T::T;
-    };
-
-    struct WatchedPrototype : ZrvPrototypeImpl {
-        explicit WatchedPrototype(int& ioAlive) : m_alive(ioAlive) { ++m_alive; }
-        ~WatchedPrototype() override { --m_alive; }
-        int& m_alive;
-    };
-
-    template <class T, class Argument>
-    static T* New(bool iIsDerived, const Argument& iArgument)
-    {
-        return iIsDerived ? new Derived<T>(iArgument) : new T(iArgument);
     }
 };
 

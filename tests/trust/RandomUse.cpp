@@ -301,7 +301,7 @@ private:
         ZrvRC other(code, "other");
         const bool isSame = m_codeModel.code == code;
         const bool isValid = code == ZrvRC::zrvEC_OK || code == ZrvRC::zrvEC_NothingDone;
-        Expect((m_code == other) == isSame && (m_code != other) != isSame, true, "comparison of codes");
+        Expect((m_code == other) == isSame && m_code.operator!=(other) != isSame, true, "comparison of codes");
         Expect(other.IsValid() == isValid && other.IsError() != isValid && !other != isValid, true, "IsValid");
         CheckLines(trace, text);
     }
