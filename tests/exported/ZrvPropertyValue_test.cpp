@@ -2,6 +2,7 @@
 
 #include "CountedObject.h"
 #include "ReportingTest.h"
+#include "ZrvProperties.h"
 
 namespace {
 
@@ -27,6 +28,10 @@ TEST_F(ZrvPropertyValueTest, UnknownTypesAreRefused)
     EXPECT_EQ(Answer(Int(1).SetValueFromProperty(NamedValue("int"))), "error");
     EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
     EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));
+    ZrvProperties set;
+    set.AddProperty("n", "KELINT32", nullptr);
+    EXPECT_EQ(Answer(set.SetProperty("n", NamedValue("f"))),
+              "error [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]");
 }
 
 /// A value that counts what it is asked and takes 1 away from what it is set to.

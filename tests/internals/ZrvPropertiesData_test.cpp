@@ -83,6 +83,20 @@ TEST_F(ZrvPropertiesDataTest, CopyRefusesIncompleteProperties)
     }
 }
 
+TEST_F(ZrvPropertiesDataTest, CopyTakesValuesThatLieElsewhereByTheirType)
+{
+    const std::tuple<const char*, const char*> cases[] = {{"KELINT32", "ok"}, {"float", "error"}};
+    for (const auto& [type, answer] : cases) {
+        ZrvPropertiesData source(nullptr);
+        source.AddProperty("n", type, nullptr);
+        ZrvPropertiesData target(nullptr);
+        auto elsewhere = std::make_unique<ZrvProperty>(nullptr);
+        elsewhere->SetValue(Int(1));
+        Plant(target, "n", std::move(elsewhere));
+        EXPECT_EQ(Answer(target.SetFromProperties(source)), answer);
+    }
+}
+
 TEST_F(ZrvPropertiesDataTest, NamelessEntriesAreNeitherListedNorDuplicated)
 {
     ZrvProperties front;

@@ -17,7 +17,8 @@ using ZrvPropertyTest = ReportingTest;
 std::unique_ptr<ZrvProperty> Create(const char* iType)
 {
     ZrvProperty* property = nullptr;
-    ZrvProperty::CreateProperty(iType, property, nullptr);
+    const bool isMade = !ZrvProperty::CreateProperty(iType, property, nullptr).IsError();
+    EXPECT_EQ(isMade, property != nullptr);
     return std::unique_ptr<ZrvProperty>(property);
 }
 
@@ -65,6 +66,7 @@ TEST_F(ZrvPropertyTest, WithoutAValue)
 // What a property with parameters hands out is tested with the set that asks for it.
 TEST_F(ZrvPropertyTest, WhatIsHandedOutNeedsAPlace)
 {
+    EXPECT_EQ(Create("int"), nullptr);
     const auto held = Create("float");
     ZrvProperty* property = held.get();
     EXPECT_EQ(Answer(ZrvProperty::CreateProperty("double", property, nullptr)),
