@@ -89,7 +89,7 @@ float& KELRawCollfloat::operator[](int iPosition)
     const bool isThere = KELHasPosition(iPosition, Size());
     MakeWritable(Size());
     m_elements->isLent = true;
-    return isThere ? m_elements->values[iPosition - 1] : m_elements->nowhere = 0.0F;
+    return isThere ? m_elements->values[iPosition - 1] : (m_elements->nowhere = 0.0F);
 }
 
 int KELRawCollfloat::Compare(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight)

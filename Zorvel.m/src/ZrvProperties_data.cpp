@@ -51,8 +51,9 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
 {
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     if (&iSource != this) {
-        m_pPrototype = iSource.m_pPrototype;
+        m_pPrototype = nullptr; // what calls back while the properties go finds a free set, as in the destructor
         RemoveAllProperties_Int();
+        m_pPrototype = iSource.m_pPrototype;
         SetFromProperties_Int(iSource);
     }
     return *this;

@@ -8,6 +8,7 @@
 
 namespace {
 
+const std::string g_noName = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties]";
 const std::string g_noType = " [condition propertyType.GetLengthInChar()>0 in ZrvProperties_data]";
 
 using ZrvPropertiesTest = ReportingTest;
@@ -18,6 +19,17 @@ TEST_F(ZrvPropertiesTest, DebugServicesSayNothing)
     EXPECT_EQ(Answer(services.GetTracesFromProperties(ZrvProperties())), "''");
     EXPECT_EQ(&(services = ZrvDebugServices()), &services);
     EXPECT_EQ(&(services = std::as_const(services)), &services);
+}
+
+TEST_F(ZrvPropertiesTest, EachReportNamesTheLineOfItsOperation)
+{
+    ZrvProperties set;
+    EXPECT_EQ(Answer(set.AddProperty("", "float", nullptr)), "error" + g_noName);
+    EXPECT_EQ(Answer(set.AddProperty("")), "error" + g_noName);
+    EXPECT_EQ(Answer(set.SetProperty("", ZrvPropertyValueBase())), "error" + g_noName);
+    EXPECT_EQ(Answer(set.GetProperty("")), "null" + g_noName);
+    EXPECT_EQ(Answer(set.GetPropertyParameters("")), "null" + g_noName);
+    EXPECT_EQ(reports.Lines(), 5U);
 }
 
 /// A set that keeps its names to itself when asked to.

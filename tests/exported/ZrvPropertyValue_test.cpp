@@ -61,6 +61,11 @@ TEST_F(ZrvPropertyValueTest, DerivedValuesAreAskedThroughTheirOwnOperations)
     EXPECT_EQ(derived.valueQuestions, 1);
     EXPECT_EQ(Answer(derived.SetValueFromProperty(Int(20))), "nothing done: own");
     EXPECT_TRUE(derived.IsPurelyIdenticalTo(Int(19)));
+    ZrvProperties set;
+    set.AddProperty("n", "KELINT32", nullptr);
+    const int valueQuestions = derived.valueQuestions;
+    EXPECT_EQ(Answer(set.SetProperty("n", derived)), "ok");
+    EXPECT_EQ(derived.valueQuestions, valueQuestions + 1);
 }
 
 TEST_F(ZrvPropertyValueTest, AnObjectIsTakenAgainBeforeItIsGivenUp)

@@ -70,6 +70,9 @@ TEST_F(FullTable, SetsLeaveNoPropertyBehind)
     const ZrvProperties copy(free);
     EXPECT_EQ(Answer(copy.HasProperty("n")), "0" + g_refused);
     EXPECT_EQ(CountOf(nested), 3U);
+    EXPECT_EQ(Answer(ZrvProperties().SetFromProperties(free)),
+              "error: AddProperty: property not retrieved." + g_refused + g_notFound +
+                  " [condition !(rc.IsError()) in ZrvProperties_data]");
 }
 
 TEST_F(FullTable, APropertyThatIsNotFoundAgainStaysTheSets)

@@ -105,12 +105,14 @@ TEST(ZrvFPSMeasure, CopiesGoOnAndRestartingKeepsThePeriodAlone)
     EXPECT_TRUE(MeasureAt(meter, 3e6));
     Count(meter, 2);
     const int resets = Clock::s_resets;
+    meter.m_clock.ahead = 1e6;
     {
         ZrvFPSMeasure copy(meter);
         EXPECT_EQ(Clock::s_resets, resets);
         EXPECT_EQ(copy.GetInstantFPS(), 10);
         EXPECT_EQ(copy.GetGlobalFPS(), 10);
         EXPECT_EQ(copy.m_framesSinceMeasure, 2);
+        EXPECT_EQ(copy.m_clock.ahead, 1e6);
         copy.Start();
         EXPECT_EQ(Clock::s_resets, resets + 1);
         EXPECT_EQ(copy.GetInstantFPS() + copy.GetGlobalFPS() + copy.m_framesSinceMeasure + copy.m_totalFrames, 0);

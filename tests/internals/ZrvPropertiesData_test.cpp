@@ -46,7 +46,9 @@ TEST_F(ZrvPropertiesDataTest, ChecksItsOwnArguments)
               "error [condition iValue.GetType().GetLengthInChar()>0 in ZrvProperties_data]");
     EXPECT_EQ(Answer(free.GetProperty("")), "null" + g_noName);
     EXPECT_EQ(Answer(free.GetPropertyParameters("")), "null" + g_noName);
+    EXPECT_EQ(reports.Lines(), 7U) << "each operation says where it is";
     EXPECT_EQ(Answer(free.HasProperty("")), "0");
+    EXPECT_EQ(Answer(free.SetFromProperties(bound)), "error") << "nothing to copy";
 }
 
 TEST_F(ZrvPropertiesDataTest, AnEntryWithoutAPropertyIsHeldButNotInstantiated)
@@ -135,14 +137,18 @@ TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
     EXPECT_EQ(holders, (std::vector<KELUINT32>{5, 4, 3})) << "a value goes before the prototype that describes it";
     EXPECT_EQ(CountOf(prototype), 2U);
 
+    holders.clear();
     prototype.AddProperty("object", zrvPT_BaseUnknownPtr, nullptr);
     {
         ZrvPropertiesData going(&prototype);
-        going.AddProperty("object");
-        giveMeddler(going, "object");
-        EXPECT_EQ(CountOf(prototype), 3U);
+        for (int round = 0; round < 2; ++round) {
+            going = bound; // which has nothing to copy
+            going.AddProperty("object");
+            giveMeddler(going, "object");
+            EXPECT_EQ(CountOf(prototype), 3U);
+        }
     }
-    EXPECT_EQ(holders.back(), 2U) << "a set's prototype goes before its properties";
+    EXPECT_EQ(holders, (std::vector<KELUINT32>{2, 2})) << "assigned or destroyed, a set goes on without its prototype";
 }
 
 } // namespace

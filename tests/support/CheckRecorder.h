@@ -3,6 +3,8 @@
 
 #include "KELCheckFailure.h"
 
+#include <bitset>
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -31,11 +33,15 @@ public:
         return taken;
     }
 
+    /// How many different lines have said something so far.
+    std::size_t Lines() const { return m_lines.count(); }
+
 private:
     static void Record(const KELCheckFailure& iFailure)
     {
         static constexpr const char* kKinds[] = {"condition", "pointer", "message"};
         const bool isOdd = iFailure.message || iFailure.line < 1;
+        s_current->m_lines.set(static_cast<std::size_t>(iFailure.line) % s_current->m_lines.size());
         for (const char* part :
              {" [", kKinds[iFailure.kind], " ", iFailure.text, " in ", iFailure.file, isOdd ? " (odd)]" : "]"}) {
             s_current->m_reports += part;
@@ -47,6 +53,7 @@ private:
     CheckRecorder* m_outer;
     KELCheckFailureHandler m_previous;
     std::string m_reports;
+    std::bitset<1024> m_lines;
 };
 
 #endif

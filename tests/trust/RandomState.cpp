@@ -122,36 +122,47 @@ std::vector<std::string> RandomState::Order(const Set& iSet)
     return order;
 }
 
+RandomState::Held RandomState::HeldBy(const SetModel& iSet)
+{
+    Held held;
+    for (const auto& [name, property] : iSet.held) {
+        held[name] = Describe(property.value);
+    }
+    return held;
+}
+
+RandomState::Held RandomState::HeldBy(const Set& iSet)
+{
+    Held held;
+    for (const std::string& name : Order(iSet)) {
+        held[name] = Describe(ReadValue(*iSet.real->GetProperty(name.c_str())));
+    }
+    return held;
+}
+
 void RandomState::TakeOver(Set& ioSet, const Set& iSource, bool iIsAssigned)
 {
-    const SetModel old = iIsAssigned ? SetModel{iSource.model.prototype, {}} : ioSet.model;
-    SetModel& now = ioSet.model = old;
-    for (const std::string& name : Order(ioSet)) {
-        const ValueModel value = ReadValue(*ioSet.real->GetProperty(name.c_str()));
-        const auto isIn = [&](const SetModel& iModel) {
-            const auto found = iModel.held.find(name);
-            return found != iModel.held.end() && Describe(found->second.value) == Describe(value);
-        };
-        Expect(isIn(old) || isIn(iSource.model) || Describe(value) == Describe(DefaultValue(TypeOf(value))), true,
-               "what a copy leaves half-way");
-        if (now.held.count(name) == 0 && now.prototype) {
-            now.held[name].nested = now.prototype->declared.at(name).nested;
-        }
-        now.held[name].value = value;
+    const Held held = HeldBy(ioSet);
+    SetModel& now = ioSet.model;
+    if (iIsAssigned) {
+        now = {iSource.model.prototype, {}};
     }
+    for (const std::string& name : Order(iSource)) {
+        if (HeldBy(now) == held) {
+            return;
+        }
+        now.prototype ? now.AddDeclared(name) : now.AddTyped(name, TypeOf(iSource.model.held.at(name).value), nullptr);
+        if (HeldBy(now) == held) {
+            return;
+        }
+        now.Copy(iSource.model, {name});
+    }
+    Expect(HeldBy(now), held, "what a copy leaves half-way");
 }
 
 void RandomState::CheckSet(const Set& iSet)
 {
-    std::map<std::string, std::string> held;
-    std::map<std::string, std::string> expected;
-    for (const std::string& name : Order(iSet)) {
-        held[name] = Describe(ReadValue(*iSet.real->GetProperty(name.c_str())));
-    }
-    for (const auto& [name, property] : iSet.model.held) {
-        expected[name] = Describe(property.value);
-    }
-    Expect(held, expected, "what a set holds");
+    Expect(HeldBy(iSet), HeldBy(iSet.model), "what a set holds");
     ZrvConstPropertiesPrototype* prototype = nullptr;
     ExpectOutcome(iSet.real->GetPrototype(prototype), {});
     ZrvConstPropertiesPrototype* taken = m_prototypes[0]->real;
@@ -194,15 +205,21 @@ void RandomState::Check()
         names.Append("first");
         ExpectOutcome(prototype->real->GetListProperties(names), {});
         ExpectOutcome(prototype->real->IsValid(), {});
-        Expect(static_cast<std::size_t>(names.Size()), 1 + prototype->declared.size(), "number of declarations");
-        for (const auto& [name, declaration] : prototype->declared) {
-            Expect(Text(prototype->real->GetPropertyType(name.c_str())), declaration.type, "declaration");
+        Held listed;
+        Held declared;
+        for (int position = 2; position <= names.Size(); ++position) {
+            listed[Text(names[position])] = Text(prototype->real->GetPropertyType(names[position]));
         }
+        for (const auto& [name, declaration] : prototype->declared) {
+            declared[name] = declaration.type;
+        }
+        Expect(listed, declared, "declarations");
+        Expect(static_cast<std::size_t>(names.Size()), 1 + declared.size(), "number of declarations");
     }
     for (const Floats& floats : m_floats) {
         Expect(Describe(ToModel(floats.real)), Describe(floats.model), "list");
     }
-    std::map<std::string, std::string> met;
+    Held met;
     for (KELSYPHashMapIteratorHolder<KELUnicodeString, KELUnicodeString> it(m_map); !it.IsDone(); it.Next()) {
         met[Text(*it.CurrentItem()->pKey)] = Text(*it.CurrentItem()->pValue);
         Expect<const KELUnicodeString*>(m_map.Locate(*it.CurrentItem()->pKey), it.CurrentItem()->pValue,

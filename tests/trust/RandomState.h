@@ -118,10 +118,15 @@ protected:
     }
     PrototypeRef MakePrototype();
 
+    using Held = std::map<std::string, std::string>;
+    static Held HeldBy(const SetModel& iSet);
+    Held HeldBy(const Set& iSet);
+
     /// The names that a set lists, which are the same in both kinds of lists.
     std::vector<std::string> Order(const Set& iSet);
 
-    /// After a copy that was stopped half-way: what the set holds now is old, copied or a default. The model follows.
+    /// After a copy that was stopped half-way: the first names are copied, the next one may be there with its default,
+    /// and the rest is old. The model follows.
     void TakeOver(Set& ioSet, const Set& iSource, bool iIsAssigned);
 
     CheckRecorder m_reports;

@@ -88,13 +88,15 @@ private:
         const std::string noName = text.empty() ? g_noName : "";
         const std::string noNameInData = text.empty() ? g_noNameInData : "";
         const std::string notFound = isHeld ? "" : " [pointer ppProperty in ZrvProperties_data]";
-        Expect(real.HasProperty(name), isHeld ? 1 : 0, "HasProperty");
-        Expect<int>(real.GetAvailability(name), set.model.Availability(text), "availability", noNameInData);
-        Expect(Text(real.GetPropertyType(name)), TypeOf(held), "type", noNameInData);
-        const ZrvPropertyValueBase* const value = real.GetProperty(name);
+        Expect(Do([&] { return real.HasProperty(name); }), isHeld ? 1 : 0, "HasProperty");
+        Expect<int>(Do([&] { return real.GetAvailability(name); }), set.model.Availability(text), "availability",
+                    noNameInData);
+        Expect(Text(Do([&] { return real.GetPropertyType(name); })), TypeOf(held), "type", noNameInData);
+        const ZrvPropertyValueBase* const value = Do([&] { return real.GetProperty(name); });
         Expect(value != nullptr, isHeld, "GetProperty", noName);
         Expect(Describe(value ? ReadValue(*value) : std::monostate()), Describe(held), "value");
-        Expect(real.GetPropertyParameters(name) == nullptr, true, "parameters", text.empty() ? noName : notFound);
+        Expect(Do([&] { return real.GetPropertyParameters(name) == nullptr; }), true, "parameters",
+               text.empty() ? noName : notFound);
     }
 
     void ListNames()
@@ -104,6 +106,19 @@ private:
         const int wide = Do([&count] { return count(KELListValKELUnicodeString()); });
         const int narrow = Do([&count] { return count(KELSysTSListOfUnicodeString()); });
         Expect(wide == narrow && wide == static_cast<int>(set.model.held.size()), true, "counts of names");
+        const ZrvPrototypeImpl& prototype = *Any(m_prototypes)->real;
+        const auto list = [&prototype](KELListValKELUnicodeString iNames) {
+            return prototype.GetListProperties(iNames);
+        };
+        ExpectOutcome(Do([&list] { return list(KELListValKELUnicodeString()); }), {});
+        const auto walk = [this] {
+            int met = 0;
+            for (KELSYPHashMapIteratorHolder<KELUnicodeString, KELUnicodeString> it(m_map); !it.IsDone(); it.Next()) {
+                met += it.CurrentItem() ? 1 : 0;
+            }
+            return met;
+        };
+        Expect(Do(walk), m_map.Size(), "entries met");
     }
 
     void NewPrototype()
@@ -146,12 +161,13 @@ private:
         const PrototypeModel::Declaration declaration = isDeclared ? found->second : PrototypeModel::Declaration();
         const Outcome outcome = isDeclared ? Outcome() : Outcome::Error();
         const ZrvPrototypeImpl& real = *prototype.real;
-        ExpectOutcome(real.HasProperty(name), outcome);
-        Expect(Text(real.GetPropertyType(name)), declaration.type, "declared type name");
-        Expect(static_cast<std::size_t>(real.GetPropertyAsType(name)), DefaultValue(declaration.type).index(), "type");
-        ExpectPrototype(real.GetPropertyPrototype(name), declaration.nested);
+        ExpectOutcome(Do([&] { return real.HasProperty(name); }), outcome);
+        Expect(Text(Do([&] { return real.GetPropertyType(name); })), declaration.type, "declared type name");
+        Expect(static_cast<std::size_t>(Do([&] { return real.GetPropertyAsType(name); })),
+               DefaultValue(declaration.type).index(), "type");
+        ExpectPrototype(Do([&] { return real.GetPropertyPrototype(name); }), declaration.nested);
         ZrvConstPropertiesPrototype* nested = prototype.real; // is left there by a refusal
-        ExpectOutcome(prototype.real->GetPropertyPrototype(name, nested), outcome);
+        ExpectOutcome(Do([&] { return prototype.real->GetPropertyPrototype(name, nested); }), outcome);
         ExpectPrototype(isDeclared ? nested : nullptr, declaration.nested);
         Expect(isDeclared || nested == prototype.real, true, "nested prototype of what is not declared");
     }
@@ -171,7 +187,8 @@ private:
         const Value& other = Any(m_values);
         const bool isTyped = !TypeOf(value.model).empty();
         const bool fits = isTyped && value.model.index() == other.model.index();
-        Expect(value.real->IsPurelyIdenticalTo(*other.real), isTyped && value.model == other.model, "identity");
+        Expect(Do([&] { return value.real->IsPurelyIdenticalTo(*other.real); }), isTyped && value.model == other.model,
+               "identity");
         const Outcome refused = Outcome::Error(isTyped ? "" : g_noTypeToSet);
         Both([&] { return value.real->SetValueFromProperty(*other.real); }, [&] { return fits ? Outcome() : refused; });
         value.model = fits ? other.model : value.model;
@@ -193,8 +210,9 @@ private:
         Expect(KELRawCollfloat::Compare(floats.real, other.real), order, "Compare");
         Expect(ZrvPropertyValue_LstFloatComparator(floats.real, other.real), order == 0, "comparator of lists");
         const int outside = m_isBad ? static_cast<int>(floats.model.size()) + 1 : -static_cast<int>(position);
-        floats.real[outside] = 5.0F;
-        Expect(std::as_const(floats.real)[outside], 0.0F, "an element outside", g_noPosition + g_noPosition);
+        Do([&] { return floats.real[outside] = 5.0F; });
+        Expect(std::as_const(floats.real)[outside] + floats.real[outside], 0.0F, "an element outside",
+               g_noPosition + g_noPosition + g_noPosition);
     }
 
     // Lists share their elements with each other, with values or with a constant, or have lent one.
@@ -298,6 +316,7 @@ private:
             Both([&] { return m_code.Add(ZrvRC(code, text.c_str())); }, [&] { return m_codeModel = added; });
         }
         ExpectOutcome(m_code.Add(m_code), m_codeModel);
+        ExpectOutcome(Do([] { return ZrvRC(-1L); }), Outcome::Error("", "Unknown error hresult."));
         ZrvRC other(code, "other");
         const bool isSame = m_codeModel.code == code;
         const bool isValid = code == ZrvRC::zrvEC_OK || code == ZrvRC::zrvEC_NothingDone;
