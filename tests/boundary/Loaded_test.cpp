@@ -19,7 +19,7 @@ struct TwoSides {
 TEST(LoadedBoundary, WhatOneSideMakesTheOtherUsesAndDeletes)
 {
     const TwoSides sides;
-    for (const std::uint64_t seed : {1, 2, 3, 4, 5, 6, 7, 8}) {
+    for (std::uint64_t seed = 1; seed <= 8; ++seed) {
         EXPECT_STREQ(sides.here.UseAtRandom(sides.there.Own(), seed), "") << seed;
     }
 }
