@@ -41,13 +41,15 @@ TEST_F(FullTable, MapRefusesAndKeepsNothing)
 
 TEST_F(FullTable, NullElementsAreReportedAndSkipped)
 {
-    AnswerWithRoom([this] { return map.Insert("key", 1); });
     Table::s_hasNull = true;
-    int sum = 0;
-    for (const auto& entry : map.Entries()) {
-        sum += entry.value;
+    for (const int expected : {0, 1}) {
+        int sum = 0;
+        for (const auto& entry : map.Entries()) {
+            sum += entry.value;
+        }
+        EXPECT_EQ(sum, expected);
+        AnswerWithRoom([this] { return map.Insert("key", 1); });
     }
-    EXPECT_EQ(sum, 1);
     map.RemoveAll();
     EXPECT_EQ(Answer(map.Size()), "1 [message NULL pair? in KELSYPHashMap]");
 }

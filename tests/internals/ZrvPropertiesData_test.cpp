@@ -25,6 +25,7 @@ protected:
     }
 
     ZrvPrototypeImpl prototype;
+    ZrvPrototypeImpl object;
     ZrvPropertiesData free{nullptr};
     ZrvPropertiesData bound{&prototype};
 };
@@ -130,12 +131,15 @@ TEST_F(ZrvPropertiesDataTest, WhatGoesWithASetMayCallBackIntoIt)
         free.AddProperty(name, "KELSysTSBaseUnknownPtr", &prototype);
         giveMeddler(free, name);
     }
+    source.AddProperty("object", "KELSysTSBaseUnknownPtr", nullptr);
+    source.SetProperty("object", ZrvPropertyValue<KELSysTSBaseUnknown*>(&object));
     free = source;
     free = std::as_const(free);
-    EXPECT_EQ(free.m_propertyMap.Size(), 3);
+    EXPECT_EQ(free.m_propertyMap.Size(), 4);
     EXPECT_EQ(Answer(free.GetPropertyType("b")), "'KELINT32'");
     EXPECT_EQ(holders, (std::vector<KELUINT32>{5, 4, 3})) << "a value goes before the prototype that describes it";
     EXPECT_EQ(CountOf(prototype), 2U);
+    EXPECT_EQ(CountOf(object), 3U) << "the source's and the set's; what was added meanwhile is gone";
 
     holders.clear();
     prototype.AddProperty("object", zrvPT_BaseUnknownPtr, nullptr);
