@@ -54,9 +54,10 @@ TEST_F(ZrvPropertyAccessTest, AValueIsCastToItsTypeWhenItsClassIsOfThatType)
 TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
 {
     const auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
-    EXPECT_EQ(Answer(prototype->AddProperty("width", zrvPT_UINT32, nullptr)), "ok");
-    EXPECT_EQ(Answer(prototype->AddProperty("ratio", zrvPT_Float, nullptr)), "ok");
     EXPECT_EQ(Answer(prototype->AddProperty("odd", "colour", nullptr)), "ok");
+    EXPECT_EQ(Answer(ZrvDeclareProperties(*prototype.Get(),
+                                          {{"odd", zrvPT_Float}, {"width", zrvPT_UINT32}, {"ratio", zrvPT_Float}})),
+              "error: odd: cannot be declared as a float");
     ZrvProperties bound(prototype.Get());
     ZrvProperties set;
     const Named odd("colour", ZrvPropertyValueBase());
