@@ -139,7 +139,7 @@ inline ZrvRC PublishSlowly(ZrvRC iFailure, ZrvProperties& ioSet, const KELUnicod
         return iFailure.AddTrace("a property needs a name");
     }
     if (iValue.GetType().GetLengthInChar() == 0) {
-        return Explain(iFailure, iPropertyName, "was given a value without a type");
+        return Explain(iFailure, iPropertyName, "was given a value of no type");
     }
     if (ioSet.HasProperty(iPropertyName) == 0) {
         ZrvRC rc = AddFor(ioSet, iPropertyName, iValue.GetType());
