@@ -47,7 +47,7 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     GiveUpAll_Int(old);
     TakeAll_Int(copy);
     if (!isCopied) {
-        SetFromProperties_Int(iSource, givenUp);
+        static_cast<void>(SetFromProperties_Int(iSource, givenUp));
     }
     return *this;
 }
@@ -64,7 +64,8 @@ bool ZrvPropertiesData::IsAsDeclared_Int() const
         if (!valueClass || entry->key.GetLengthInChar() == 0) {
             return false;
         }
-        const ZrvPropertyDefinition* const declared = prototype ? prototype->GetPropertyDefinition(entry->key) : nullptr;
+        const ZrvPropertyDefinition* const declared =
+            prototype ? prototype->GetPropertyDefinition(entry->key) : nullptr;
         if (prototype && !(declared && declared->PeekType() == valueClass->TypeName())) {
             return false;
         }
@@ -208,5 +209,5 @@ ZrvRC ZrvPropertiesData::PutCopy_Int(const KELUnicodeString& iPropertyName, ZrvV
     }
     const bool isSet = !SwapValue_Int(iPropertyName, ioValue).IsError();
     return g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )") ? ZrvRC::zrvEC_OK
-                                                                                                   : ZrvRC::zrvEC_Error;
+                                                                                                  : ZrvRC::zrvEC_Error;
 }

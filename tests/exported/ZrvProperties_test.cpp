@@ -46,11 +46,11 @@ public:
 TEST_F(ZrvPropertiesTest, CopyAssignsInPlaceWhatTheSourceNames)
 {
     SecretiveSet source;
-    source.AddProperty("a", "float", nullptr);
+    static_cast<void>(source.AddProperty("a", "float", nullptr));
     ZrvProperties target(source);
     const ZrvPropertyValueBase* const held = target.GetProperty("a");
     const ZrvPropertyValue<float> value(1.5F);
-    source.SetProperty("a", value);
+    static_cast<void>(source.SetProperty("a", value));
     EXPECT_EQ(Answer(target.SetFromProperties(source)), "ok");
     EXPECT_FALSE(held->IsPurelyIdenticalTo(value));
     source.isSecretive = false;
@@ -94,11 +94,11 @@ TEST_F(ZrvPropertiesTest, CallersPrototypesMayAnswerNonsense)
     odd.answers = [](const KELUnicodeString&) { return ""; };
     EXPECT_EQ(Answer(set.AddProperty("y")), "error" + g_noType);
     ZrvProperties source;
-    source.AddProperty("y", "float", nullptr);
+    static_cast<void>(source.AddProperty("y", "float", nullptr));
     EXPECT_EQ(Answer(set.SetFromProperties(source)),
               "error" + g_noType + " [condition !(rc.IsError()) in ZrvProperties_data]");
     odd.answers = [&set](const KELUnicodeString& iName) {
-        set.AddProperty("int");
+        static_cast<void>(set.AddProperty("int"));
         return set.HasProperty(iName) ? "" : "float";
     };
     EXPECT_EQ(Answer(set.AddProperty("called back")), "ok");
@@ -109,20 +109,20 @@ TEST_F(ZrvPropertiesTest, CallersPrototypesMayAnswerNonsense)
 TEST_F(ZrvPropertiesTest, WhatASetGivesUpMayCallBackIntoIt)
 {
     ZrvProperties source;
-    source.AddProperty("n", "KELINT32", nullptr);
+    static_cast<void>(source.AddProperty("n", "KELINT32", nullptr));
     int gone = 0;
     ZrvPrototypeImpl nested;
     {
         ZrvProperties set;
         const auto fill = [&] {
             for (const char* name : {"a", "b", "c"}) {
-                set.AddProperty(name, "KELSysTSBaseUnknownPtr", &nested);
+                static_cast<void>(set.AddProperty(name, "KELSysTSBaseUnknownPtr", &nested));
                 const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject([&] {
                     ++gone;
-                    set.AddProperty("late", "KELINT32", nullptr);
+                    static_cast<void>(set.AddProperty("late", "KELINT32", nullptr));
                     set = source;
                 }));
-                set.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
+                static_cast<void>(set.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get())));
             }
         };
         fill();

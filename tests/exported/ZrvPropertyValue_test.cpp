@@ -29,7 +29,7 @@ TEST_F(ZrvPropertyValueTest, UnknownTypesAreRefused)
     EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
     EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));
     ZrvProperties set;
-    set.AddProperty("n", "KELINT32", nullptr);
+    static_cast<void>(set.AddProperty("n", "KELINT32", nullptr));
     EXPECT_EQ(Answer(set.SetProperty("n", NamedValue("f"))),
               "error [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]");
 }
@@ -43,7 +43,7 @@ public:
     KELINT32 GetValue() const override { return ++valueQuestions, Int::GetValue(); }
     ZrvRC SetValue(KELINT32 iValue) override
     {
-        Int::SetValue(iValue - 1);
+        static_cast<void>(Int::SetValue(iValue - 1));
         return ZrvRC(ZrvRC::zrvEC_NothingDone, "own");
     }
 
@@ -62,7 +62,7 @@ TEST_F(ZrvPropertyValueTest, DerivedValuesAreAskedThroughTheirOwnOperations)
     EXPECT_EQ(Answer(derived.SetValueFromProperty(Int(20))), "nothing done: own");
     EXPECT_TRUE(derived.IsPurelyIdenticalTo(Int(19)));
     ZrvProperties set;
-    set.AddProperty("n", "KELINT32", nullptr);
+    static_cast<void>(set.AddProperty("n", "KELINT32", nullptr));
     const int valueQuestions = derived.valueQuestions;
     EXPECT_EQ(Answer(set.SetProperty("n", derived)), "ok");
     EXPECT_EQ(derived.valueQuestions, valueQuestions + 1);
@@ -74,10 +74,10 @@ TEST_F(ZrvPropertyValueTest, AnObjectIsTakenAgainBeforeItIsGivenUp)
     auto* const object = new CountedObject([&isGone] { isGone = true; });
     Object value(object);
     object->Release();
-    value.SetValueFromProperty(Object(value));
-    value.SetValue(object);
+    static_cast<void>(value.SetValueFromProperty(Object(value)));
+    static_cast<void>(value.SetValue(object));
     EXPECT_FALSE(isGone);
-    value.SetValue(nullptr);
+    static_cast<void>(value.SetValue(nullptr));
     EXPECT_TRUE(isGone);
 }
 

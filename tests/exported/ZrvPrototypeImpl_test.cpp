@@ -14,7 +14,7 @@ public:
     ZrvRC AddProperty(const KELUnicodeString& iName, const KELUnicodeString& iType,
                       ZrvConstPropertiesPrototype* iNested) override
     {
-        ZrvPrototypeImpl::AddProperty(iName, "float", iNested);
+        static_cast<void>(ZrvPrototypeImpl::AddProperty(iName, "float", iNested));
         return ZrvRC(ZrvRC::zrvEC_Error, iType);
     }
     const KELUnicodeString GetPropertyType(const KELUnicodeString&) const override { return "KELINT32"; }

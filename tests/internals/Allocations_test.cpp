@@ -24,7 +24,7 @@ void UseProperty(const T& iContents)
     const ZrvPropertyValue<T> value(iContents);
     const KELUnicodeString name(std::string(1000, 'n').c_str());
     ZrvProperties set;
-    set.AddProperty(name.ConvertToChar(), value.GetType(), nullptr);
+    static_cast<void>(set.AddProperty(name.ConvertToChar(), value.GetType(), nullptr));
     EXPECT_EQ(AllocationsOf([&] {
                   EXPECT_TRUE(set.SetProperty(name, value).IsValid());
                   const ZrvPropertyValueBase* const held = set.GetProperty(name);
@@ -58,12 +58,12 @@ TEST(Allocations, OneForEachPropertyOfASetAndFewForTheSet)
     ZrvPrototypeImpl prototype;
     for (int i = 0; i < 16; ++i) {
         names[i] = KELUnicodeString(("property" + std::to_string(i)).c_str());
-        prototype.AddProperty(names[i], static_cast<ZrvPropertyType>(i % 9), nullptr);
+        static_cast<void>(prototype.AddProperty(names[i], static_cast<ZrvPropertyType>(i % 9), nullptr));
     }
     ZrvProperties set(&prototype);
     EXPECT_LE(AllocationsOf([&] {
                   for (const KELUnicodeString& name : names) {
-                      set.AddProperty(name);
+                      static_cast<void>(set.AddProperty(name));
                   }
               }),
               18);

@@ -71,8 +71,8 @@ TEST_P(FailingMemory, LeavesRandomUseIntact)
 TEST_P(FailingMemory, LeavesParametersIntact)
 {
     ZrvProperties set;
-    set.AddProperty("a", "floatList", nullptr);
-    set.AddProperty("b", "KELUnicodeString", nullptr);
+    static_cast<void>(set.AddProperty("a", "floatList", nullptr));
+    static_cast<void>(set.AddProperty("b", "KELUnicodeString", nullptr));
     (*set.m_PropertiesData->m_propertyMap.Locate("a"))->m_pParameters = std::make_unique<ZrvProperties>(set);
     const long live = OwnMemory::Live();
     long allocation = 0;

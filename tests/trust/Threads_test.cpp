@@ -55,11 +55,11 @@ KELUnicodeString Numbered(const char* iText, int iNumber)
 void Fill(ZrvProperties& ioSet, int iCount, KELINT32 iNumber)
 {
     for (int i = 0; i < iCount; ++i) {
-        ioSet.AddProperty(Numbered("number", i), "KELINT32", nullptr);
-        ioSet.SetProperty(Numbered("number", i), ZrvPropertyValue<KELINT32>(iNumber));
+        static_cast<void>(ioSet.AddProperty(Numbered("number", i), "KELINT32", nullptr));
+        static_cast<void>(ioSet.SetProperty(Numbered("number", i), ZrvPropertyValue<KELINT32>(iNumber)));
     }
-    ioSet.AddProperty("text", "KELUnicodeString", nullptr);
-    ioSet.SetProperty("text", ZrvPropertyValue<KELUnicodeString>(Numbered("text ", iNumber)));
+    static_cast<void>(ioSet.AddProperty("text", "KELUnicodeString", nullptr));
+    static_cast<void>(ioSet.SetProperty("text", ZrvPropertyValue<KELUnicodeString>(Numbered("text ", iNumber))));
 }
 
 /// Whether a set is as `Fill` has filled it.
@@ -90,8 +90,8 @@ std::atomic<int> g_reports{0};
 // What a host may do on a report: look into the set that makes it, change it and copy it.
 void CallBack(const KELCheckFailure&)
 {
-    g_reporting->AddProperty("reported", "KELINT32", nullptr);
-    g_reporting->SetProperty("reported", ZrvPropertyValue<KELINT32>(++g_reports));
+    static_cast<void>(g_reporting->AddProperty("reported", "KELINT32", nullptr));
+    static_cast<void>(g_reporting->SetProperty("reported", ZrvPropertyValue<KELINT32>(++g_reports)));
     const ZrvProperties copy(*g_reporting);
 }
 
@@ -103,7 +103,7 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
     ZrvProperties set;
     Fill(source, 3, 5);
     Fill(set, 0, 0);
-    set.AddProperty("object", "KELSysTSBaseUnknownPtr", &nested);
+    static_cast<void>(set.AddProperty("object", "KELSysTSBaseUnknownPtr", &nested));
     g_reporting = &set;
     const KELCheckFailureHandler previous = KELSetCheckFailureHandler(&CallBack);
     const auto name = [](int iRound) { return Numbered("name", iRound % 500); };
@@ -189,9 +189,9 @@ TEST_F(Threads, ReadWhileAssigned)
 TEST_F(Threads, SharePrototypes)
 {
     ZrvPrototypeImpl nested;
-    nested.AddProperty("x", zrvPT_Float, nullptr);
+    static_cast<void>(nested.AddProperty("x", zrvPT_Float, nullptr));
     ZrvPrototypeImpl prototype;
-    prototype.AddProperty("point", zrvPT_BytePtr, &nested);
+    static_cast<void>(prototype.AddProperty("point", zrvPT_BytePtr, &nested));
     const KELUnicodeString name("point"); // its text is shared by all threads
     ZrvProperties shared(&prototype);     // is assigned while it is asked for its prototype
     const Job use = [&](int) {
