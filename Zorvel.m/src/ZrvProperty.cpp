@@ -53,7 +53,7 @@ ZrvRC ZrvProperty::SetValue(const ZrvPropertyValueBase& iValue)
     }
     ZrvRC rc = m_value->SetValueFromProperty(iValue);
     if (rc.IsError()) {
-        RefuseValue();
+        static_cast<void>(RefuseValue());
         return rc;
     }
     return ZrvRC::zrvEC_OK;

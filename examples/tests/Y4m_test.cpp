@@ -190,7 +190,7 @@ TEST(Y4mMeter, RefusesWhatIsNoFrame)
 
     CheckRecorder recorder;
     ZrvProperties foreign;
-    foreign.AddProperty("colour", "float", nullptr);
+    static_cast<void>(foreign.AddProperty("colour", "float", nullptr));
     EXPECT_TRUE(chain.meter.TakeFrame(foreign).IsError());
     EXPECT_STREQ(chain.meter.TakeStream(foreign, foreign).Dump(), "the meter can not take the stream's parameters");
 }
@@ -210,10 +210,10 @@ TEST(PropertyTable, SortsAndKeepsTerminalsSafe)
 {
     ZrvProperties set;
     for (const char* name : {"b", "c", "a"}) {
-        set.AddProperty(name, "KELUnicodeString", nullptr);
+        static_cast<void>(set.AddProperty(name, "KELUnicodeString", nullptr));
     }
-    set.SetProperty("a", ZrvPropertyValue<KELUnicodeString>("\x1B[2J \xC2\x9B \xC3\x9C\x7F"));
-    set.SetProperty("c", ZrvPropertyValue<KELUnicodeString>(std::string(1000, 'x').c_str()));
+    static_cast<void>(set.SetProperty("a", ZrvPropertyValue<KELUnicodeString>("\x1B[2J \xC2\x9B \xC3\x9C\x7F")));
+    static_cast<void>(set.SetProperty("c", ZrvPropertyValue<KELUnicodeString>(std::string(1000, 'x').c_str())));
     PropertyTable table;
     table.Add(set, "x.");
     std::ostringstream text;

@@ -26,7 +26,7 @@ Y4mMeter::Y4mMeter(ZrvConstPropertiesPrototype& iPrototype)
       m_streamProperties(
           KELReference<ZrvConstPropertiesPrototype>::Adopt(iPrototype.GetPropertyPrototype(kY4mStream)).Get())
 {
-    m_properties.AddProperty(kY4mPlaneMeans); // three zeros until there is a frame
+    static_cast<void>(m_properties.AddProperty(kY4mPlaneMeans)); // three zeros until there is a frame
 }
 
 ZrvRC Y4mMeter::TakeStream(const ZrvProperties& iSource, const ZrvProperties& iStreamOfSource)

@@ -15,7 +15,7 @@ KELReference<ZrvPrototypeImpl> Declare(std::initializer_list<Declaration> iDecla
 {
     auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
     for (const Declaration& declaration : iDeclarations) {
-        prototype->AddProperty(declaration.name, declaration.type, declaration.nested);
+        static_cast<void>(prototype->AddProperty(declaration.name, declaration.type, declaration.nested));
     }
     return prototype;
 }
