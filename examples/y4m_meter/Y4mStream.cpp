@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace {
 
@@ -26,21 +27,37 @@ LineEnd ReadLine(std::istream& ioInput, std::string& oLine)
     return LineEnd::Bound;
 }
 
-ZrvRC Cut(const std::istream& iInput, const std::string& iWhere)
+ZrvRC Cut(const std::istream& iInput, const char* iWhat, const std::string& iWhere)
 {
-    return Y4mFailure((iInput.bad() ? "the input can not be read further " : "the stream is cut short ") + iWhere);
+    return Y4mFailure((iInput.bad() ? "the input cannot be read " : iWhat + std::string(" is cut short ")) + iWhere);
 }
 
 ZrvRC CheckLineEnd(const std::istream& iInput, LineEnd iEnd)
 {
     switch (iEnd) {
     case LineEnd::Input:
-        return Cut(iInput, "within a line");
+        return Cut(iInput, "the stream", "within a line");
     case LineEnd::Bound:
         return Y4mFailure("a line is too long");
     default:
         return ZrvRC();
     }
+}
+
+// A line that ends too early is not parsed: its last word may say something else than it would have.
+ZrvRC CheckHeaderEnd(const std::istream& iInput, LineEnd iEnd, std::string_view iLine)
+{
+    const bool isStart = iLine.starts_with(Y4mFormat::kMagic) || Y4mFormat::kMagic.starts_with(iLine);
+    if (iEnd == LineEnd::Break || (!iInput.bad() && !isStart)) {
+        return ZrvRC();
+    }
+    if (iEnd == LineEnd::Bound) {
+        return Y4mFailure("the header is too long");
+    }
+    if (iLine.empty()) {
+        return Y4mFailure(iInput.bad() ? "the input cannot be read" : "the input is empty");
+    }
+    return Cut(iInput, "the header", "after " + std::to_string(iLine.size()) + " bytes");
 }
 
 } // namespace
@@ -49,11 +66,12 @@ ZrvRC Y4mStream::Open(std::istream& ioInput, KELReference<Y4mStream>& oStream)
 {
     std::string line;
     const LineEnd end = ReadLine(ioInput, line);
-    Y4mFormat format;
-    ZrvRC rc = Y4mFormat::Parse(line, format);
-    if (rc.IsValid() || ioInput.bad()) {
-        rc = CheckLineEnd(ioInput, end);
+    ZrvRC rc = CheckHeaderEnd(ioInput, end, line);
+    if (rc.IsError()) {
+        return rc;
     }
+    Y4mFormat format;
+    rc = Y4mFormat::Parse(line, format);
     if (rc.IsError()) {
         return rc.AddTrace(", in the header");
     }
@@ -96,8 +114,9 @@ ZrvRC Y4mStream::ReadFrameLine()
 ZrvRC Y4mStream::ReadFrameBytes()
 {
     constexpr std::size_t kStep = std::size_t(1) << 20U;
-    const auto [luma, cb, cr] = m_format.GetPlaneSizes();
-    const std::size_t size = luma + cb + cr;
+    const std::vector<std::size_t> planes = m_format.GetPlaneSizes();
+    const std::size_t size =
+        std::accumulate(planes.begin(), planes.end(), std::size_t(0)) * m_format.GetBytesPerSample();
     for (std::size_t done = 0; done < size;) {
         const std::size_t step = std::min(size - done, kStep);
         m_frame.resize(std::max(m_frame.size(), done + step));
@@ -105,7 +124,7 @@ ZrvRC Y4mStream::ReadFrameBytes()
         const auto count = static_cast<std::size_t>(m_input.gcount());
         done += count;
         if (count < step) {
-            return Cut(m_input, "after " + std::to_string(done) + " of " + std::to_string(size) + " bytes");
+            return Cut(m_input, "the stream", "after " + std::to_string(done) + " of " + std::to_string(size) + " bytes");
         }
     }
     return ZrvRC();
