@@ -123,12 +123,17 @@ bool PrintIf(std::ostream& ioOutput, const ZrvPropertyValueBase& iValue)
     return value != nullptr;
 }
 
+/// How many characters a text shows that has none but well-formed ones.
+inline std::size_t CountCharacters(const std::string& iText)
+{
+    const auto isFirst = [](char iByte) { return (static_cast<unsigned char>(iByte) & 0xC0U) != 0x80U; };
+    return static_cast<std::size_t>(std::count_if(iText.begin(), iText.end(), isFirst));
+}
+
 /// The text, filled with spaces up to iWidth characters.
 inline void PrintColumn(std::ostream& ioOutput, const std::string& iText, std::size_t iWidth)
 {
-    const auto isTrail = [](char iByte) { return (static_cast<unsigned char>(iByte) & 0xC0U) == 0x80U; };
-    const std::size_t characters =
-        iText.size() - static_cast<std::size_t>(std::count_if(iText.begin(), iText.end(), isTrail));
+    const std::size_t characters = CountCharacters(iText);
     ioOutput << iText << std::string(iWidth > characters ? iWidth - characters : 0, ' ');
 }
 
@@ -202,7 +207,7 @@ inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvProperties& iSe
               [](const KELUnicodeString& iLeft, const KELUnicodeString& iRight) { return iLeft.Compare(iRight) == 0; });
     std::size_t width = 0;
     for (const KELUnicodeString& name : names) {
-        width = std::max(width, ZrvPropertyAccess::Escaped(name).size());
+        width = (std::max)(width, ZrvPropertyAccess::CountCharacters(ZrvPropertyAccess::Escaped(name)));
     }
     for (const KELUnicodeString& name : names) {
         if (const ZrvPropertyValueBase* value = iSet.GetProperty(name)) {
