@@ -6,8 +6,8 @@
 #include <string>
 #include <system_error>
 
-/// A file or standard input for a stream to read. An error makes the stream bad and is kept with the system's reason; an
-/// interruption ends the input.
+/// A file or standard input for a stream to read. An error makes the stream bad and is kept with the system's reason;
+/// an interruption ends the input.
 class InputFile : public std::streambuf {
 public:
     static constexpr char kStandardInput[] = "-";

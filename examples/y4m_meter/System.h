@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// What differs between systems. Texts are UTF-8 on Windows; elsewhere they are the system's own bytes. What fails leaves
-/// its reason in `errno`.
+/// What differs between systems. Texts are UTF-8 on Windows; elsewhere they are the system's own bytes. What fails
+/// leaves its reason in `errno`.
 namespace System {
 
 /// The program's arguments, without its name.

@@ -29,8 +29,8 @@ std::string Narrow(std::wstring_view iText)
 {
     const int length = static_cast<int>(iText.size());
     std::string narrow(3 * iText.size(), '\0');
-    narrow.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, iText.data(), length, narrow.data(),
-                                                               3 * length, nullptr, nullptr)));
+    narrow.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, iText.data(), length, narrow.data(), 3 * length, nullptr, nullptr)));
     return narrow;
 }
 

@@ -55,11 +55,8 @@ ZrvRC ReadRatio(const char* iWhat, std::string_view iText, Y4mRatio& oRatio)
 
 ZrvRC ReadInterlacing(std::string_view iText, std::string& oInterlacing)
 {
-    constexpr std::pair<std::string_view, const char*> kNames[] = {{"p", "none"},
-                                                                   {"t", "top field first"},
-                                                                   {"b", "bottom field first"},
-                                                                   {"m", "mixed"},
-                                                                   {"?", "unknown"}};
+    constexpr std::pair<std::string_view, const char*> kNames[] = {
+        {"p", "none"}, {"t", "top field first"}, {"b", "bottom field first"}, {"m", "mixed"}, {"?", "unknown"}};
     for (const auto& [letter, name] : kNames) {
         if (iText == letter) {
             oInterlacing = name;
@@ -74,10 +71,10 @@ ZrvRC ReadColourSpace(std::string_view iText, Y4mColourSpace& oColourSpace)
     std::string supported;
     for (const ColourSpaceName& known : kColourSpaces) {
         KELUINT32 depth = 8;
-        const bool isKnown = known.hasDepth ? iText.starts_with(known.name) &&
-                                                  ReadNumber(iText.substr(known.name.size()), depth) && depth >= 9 &&
-                                                  depth <= 16
-                                            : iText == known.name;
+        const bool isKnown = known.hasDepth
+                                 ? iText.starts_with(known.name) &&
+                                       ReadNumber(iText.substr(known.name.size()), depth) && depth >= 9 && depth <= 16
+                                 : iText == known.name;
         if (isKnown) {
             oColourSpace = {std::string(iText), known.planes, known.chromaColumns, known.chromaRows, depth};
             return ZrvRC();
@@ -126,15 +123,28 @@ std::string Y4mRatio::GetText() const
     return over == 0 || under == 0 ? "unknown" : std::to_string(over) + "/" + std::to_string(under);
 }
 
-std::vector<std::size_t> Y4mFormat::GetPlaneSizes() const
+std::vector<Y4mPlane> Y4mFormat::GetPlanes() const
 {
-    const auto samples = [this](std::size_t iColumns, std::size_t iRows) {
-        return (width + iColumns - 1) / iColumns * ((height + iRows - 1) / iRows);
+    const auto makePlane = [this](std::size_t iColumns, std::size_t iRows) {
+        const std::size_t samples = (width + iColumns - 1) / iColumns;
+        const std::size_t bytes =
+            hasCutRows ? (width * GetBytesPerSample() + iColumns - 1) / iColumns : samples * GetBytesPerSample();
+        return Y4mPlane{(height + iRows - 1) / iRows, bytes / GetBytesPerSample(), bytes};
     };
-    const std::size_t chroma = samples(colourSpace.chromaColumns, colourSpace.chromaRows);
-    std::vector<std::size_t> sizes = {samples(1, 1), chroma, chroma, samples(1, 1)};
-    sizes.resize(colourSpace.planes);
-    return sizes;
+    const Y4mPlane luma = makePlane(1, 1);
+    const Y4mPlane chroma = makePlane(colourSpace.chromaColumns, colourSpace.chromaRows);
+    std::vector<Y4mPlane> planes = {luma, chroma, chroma, luma}; // the last one is alpha
+    planes.resize(colourSpace.planes);
+    return planes;
+}
+
+std::size_t Y4mFormat::GetBytes() const
+{
+    std::size_t bytes = 0;
+    for (const Y4mPlane& plane : GetPlanes()) {
+        bytes += plane.rows * plane.bytesPerRow;
+    }
+    return bytes;
 }
 
 ZrvRC Y4mFormat::Parse(std::string_view iLine, Y4mFormat& oFormat)

@@ -18,6 +18,13 @@ struct Y4mColourSpace {
     KELUINT32 bitDepth = 8;      ///< Of each sample. More than 8 bits take two bytes, the low one first.
 };
 
+/// How the samples of a plane lie in a frame.
+struct Y4mPlane {
+    std::size_t rows;
+    std::size_t samplesPerRow; ///< Whole ones.
+    std::size_t bytesPerRow;
+};
+
 /// A ratio of two numbers, kept as the stream gives it.
 struct Y4mRatio {
     KELUINT32 over = 0;
@@ -40,9 +47,15 @@ struct Y4mFormat {
     Y4mColourSpace colourSpace;
     std::string title; ///< From a tag "XTITLE=..."; empty when there is none.
 
-    /// The numbers of samples in the planes, which follow each other in a frame. Chroma planes of a frame of odd size are
-    /// rounded up.
-    std::vector<std::size_t> GetPlaneSizes() const;
+    /// Some writers take the half of a row's bytes for the bytes of a chroma row, also where samples have two bytes and
+    /// rows an odd number of samples: such a chroma row lacks its last byte. The header does not tell.
+    bool hasCutRows = false;
+
+    /// The planes, which follow each other in a frame. Chroma planes of a frame of odd size are rounded up.
+    std::vector<Y4mPlane> GetPlanes() const;
+
+    /// Of a frame.
+    std::size_t GetBytes() const;
 
     std::size_t GetBytesPerSample() const { return colourSpace.bitDepth > 8 ? 2 : 1; }
 

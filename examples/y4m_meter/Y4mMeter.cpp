@@ -24,10 +24,13 @@ std::uint64_t AddSamples(const unsigned char* iBytes, std::size_t iSamples, bool
 KELRawCollfloat MeasurePlanes(const unsigned char* iBytes, const Y4mFormat& iFormat)
 {
     KELRawCollfloat means(4);
-    for (const std::size_t size : iFormat.GetPlaneSizes()) {
-        const std::uint64_t sum = AddSamples(iBytes, size, iFormat.GetBytesPerSample() > 1);
-        means.Append(static_cast<float>(static_cast<double>(sum) / static_cast<double>(size)));
-        iBytes += size * iFormat.GetBytesPerSample();
+    for (const Y4mPlane& plane : iFormat.GetPlanes()) {
+        std::uint64_t sum = 0;
+        for (std::size_t row = 0; row < plane.rows; ++row, iBytes += plane.bytesPerRow) {
+            sum += AddSamples(iBytes, plane.samplesPerRow, iFormat.GetBytesPerSample() > 1);
+        }
+        const std::size_t samples = plane.rows * plane.samplesPerRow;
+        means.Append(samples == 0 ? 0.0F : static_cast<float>(static_cast<double>(sum) / static_cast<double>(samples)));
     }
     return means;
 }

@@ -22,7 +22,7 @@ namespace {
 
 constexpr char kUsage[] = "usage: y4m_meter [--] [FILE|-]\n"
                           "       y4m_meter --help | --version\n"
-                          "Measures a YUV4MPEG2 stream: a file, standard input (-), or a clip of its own.\n";
+                          "Measures a YUV4MPEG2 stream: a file, standard input (-), or a clip of its own.";
 
 enum ExitCode { kSuccess = 0, kFailure = 1, kUsageError = 2, kInterrupted = 130 };
 
@@ -94,7 +94,7 @@ ExitCode MeasureFile(const std::string& iPath)
         return Measure(file, "standard input", "standard input", &file);
     }
     const auto title = std::filesystem::path(std::u8string(iPath.begin(), iPath.end())).filename().u8string();
-    return Measure(file, iPath, std::string(title.begin(), title.end()), &file);
+    return Measure(file, iPath.empty() ? "''" : iPath, std::string(title.begin(), title.end()), &file);
 }
 
 ExitCode MeasureClip()
@@ -103,9 +103,9 @@ ExitCode MeasureClip()
     return Measure(clip, "the clip", "the clip");
 }
 
-ExitCode PrintAnswer(const std::string& iLines)
+ExitCode PrintAnswer(const std::string& iText)
 {
-    return PrintLines(iLines) ? kSuccess : kFailure;
+    return PrintLines(iText + "\n") ? kSuccess : kFailure;
 }
 
 ExitCode RefuseArguments(const std::string& iReason)
@@ -125,7 +125,7 @@ ExitCode Run(const std::vector<std::string>& iArguments)
         } else if (isOption && (argument == "-h" || argument == "--help")) {
             return PrintAnswer(kUsage);
         } else if (isOption && argument == "--version") {
-            return PrintAnswer("y4m_meter " Y4M_METER_VERSION "\n");
+            return PrintAnswer("y4m_meter " Y4M_METER_VERSION);
         } else if (isOption) {
             return RefuseArguments("the option " + Y4mQuote(argument) + " is not known");
         } else if (path) {
