@@ -1,3 +1,5 @@
+#if !defined(_WIN32)
+
 #include "System.h"
 
 #include <atomic>
@@ -89,3 +91,5 @@ bool System::WasInterrupted()
 {
     return g_wasInterrupted;
 }
+
+#endif

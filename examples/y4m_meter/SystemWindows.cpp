@@ -1,3 +1,5 @@
+#if defined(_WIN32)
+
 #include "System.h"
 
 #include <atomic>
@@ -7,7 +9,6 @@
 #include <stdio.h>
 
 #define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
 
 #include <shellapi.h>
@@ -133,3 +134,5 @@ bool System::WasInterrupted()
 {
     return g_wasInterrupted;
 }
+
+#endif
