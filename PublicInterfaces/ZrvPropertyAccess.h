@@ -4,19 +4,24 @@
 #include "KELListValKELUnicodeString.h"
 #include "KELReference.h"
 #include "KELUnicodeString.h"
+#include "ZrvConstPropertiesPrototype.h"
 #include "ZrvListIterator.h"
 #include "ZrvProperties.h"
+#include "ZrvPropertiesPrototype.h"
 #include "ZrvPropertyCast.h"
 #include "ZrvPropertyPrint.h"
+#include "ZrvPropertyType.h"
+#include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValue.h"
 #include "ZrvRC.h"
 
+#include <initializer_list>
 #include <type_traits>
 #include <utility>
 
 /// \file
-/// What callers do with property sets every day, in one call each: cast (`ZrvPropertyCast.h`), read, publish, add,
-/// visit, loop over lists (`ZrvListIterator.h`) and print (`ZrvPropertyPrint.h`).
+/// What callers do with property sets every day, in one call each: declare, add, publish, read, visit, cast
+/// (`ZrvPropertyCast.h`), loop over lists (`ZrvListIterator.h`) and print (`ZrvPropertyPrint.h`).
 ///
 /// All of it is inline and made of the exported interface; the library exports none of it.
 ///
@@ -134,7 +139,7 @@ inline ZrvRC PublishSlowly(ZrvRC iFailure, ZrvProperties& ioSet, const KELUnicod
         return iFailure.AddTrace("a property needs a name");
     }
     if (iValue.GetType().GetLengthInChar() == 0) {
-        return Explain(iFailure, iPropertyName, "was given a value without a type");
+        return Explain(iFailure, iPropertyName, "was given a value of no type");
     }
     if (ioSet.HasProperty(iPropertyName) == 0) {
         ZrvRC rc = AddFor(ioSet, iPropertyName, iValue.GetType());
@@ -187,6 +192,37 @@ inline ZrvRC ZrvPublishProperty(ZrvProperties& ioSet, const KELUnicodeString& iP
     return ZrvPublishProperty(ioSet, iPropertyName, KELUnicodeString(iText));
 }
 /// @}
+
+/// One declaration: a name, one of the nine types and, for a structured property, its nested prototype, which is
+/// borrowed.
+struct ZrvPropertyDeclaration {
+    KELUnicodeString name;
+    ZrvPropertyType type;
+    ZrvConstPropertiesPrototype* prototype = nullptr;
+};
+
+/// Declares properties.
+///
+/// \return an error when something is refused, such as a name that is declared with another type: the trace has a line
+/// for each such property, all others are declared
+/// \code
+/// const auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
+/// ZrvRC rc = ZrvDeclareProperties(*prototype.Get(), {{kWidth, zrvPT_UINT32}, {kTitle, zrvPT_UnicodeString}});
+/// \endcode
+inline ZrvRC ZrvDeclareProperties(ZrvPropertiesPrototype& ioPrototype,
+                                  std::initializer_list<ZrvPropertyDeclaration> iDeclarations)
+{
+    ZrvRC result;
+    for (const ZrvPropertyDeclaration& declaration : iDeclarations) {
+        ZrvRC rc = ioPrototype.AddProperty(declaration.name, declaration.type, declaration.prototype);
+        if (rc.IsError()) {
+            KELUnicodeString reason("cannot be declared as a ");
+            reason.Append(ZrvPropertyTypeConv::GetAsUnicode(declaration.type));
+            result.Add(ZrvPropertyAccess::Explain(rc, declaration.name, reason));
+        }
+    }
+    return result;
+}
 
 /// Adds everything that the set's prototype declares, with the default values of its types. What the set holds stays as
 /// it is.

@@ -3,12 +3,11 @@
 
 #include "KELReference.h"
 #include "KELSysTSBaseUnknown.h"
+#include "ZrvIsExactly.h"
 #include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValue.h"
 #include "ZrvPropertyValueBase.h"
 #include "ZrvRC.h"
-
-#include <typeinfo>
 
 /// The value as a value of type T; null for null and for a value of another type.
 ///
@@ -27,7 +26,7 @@ const ZrvPropertyValue<T>* ZrvPropertyCast(const ZrvPropertyValueBase* iValue)
         return nullptr;
     }
     // An object of exactly this class answers with its own type name. Nearly all are, and need no search of bases.
-    if (typeid(*iValue) == typeid(ZrvPropertyValue<T>)) {
+    if (ZrvIsExactly<ZrvPropertyValue<T>>(*iValue)) {
         return static_cast<const ZrvPropertyValue<T>*>(iValue);
     }
     if (iValue->GetType() != ZrvPropertyTypeConv::GetAsUnicode(ZrvPropertyValue<T>::kType)) {

@@ -6,6 +6,7 @@
 #include "KELReference.h"
 #include "KELSysTSBaseUnknown.h"
 #include "KELSysTSUnicodeString.h"
+#include "KELText.h"
 #include "KELTypes.h"
 #include "KELUnicodeString.h"
 #include "ZrvListIterator.h"
@@ -62,7 +63,7 @@ inline std::string Escaped(const KELUnicodeString& iText)
     const std::string_view text(iText.ConvertToChar(), iText.LengthInBytes());
     std::string result;
     for (std::size_t length = 0, i = 0; i < text.size(); i += length) {
-        length = KELText::CharacterLength(&text[i], text.size() - i);
+        length = KELUtf8::CharacterLength(&text[i], text.size() - i);
         const std::string_view character = text.substr(i, length);
         if (IsPrintable(character)) {
             result.append(character == "\"" || character == "\\" ? "\\" : "").append(character);
@@ -123,17 +124,16 @@ bool PrintIf(std::ostream& ioOutput, const ZrvPropertyValueBase& iValue)
     return value != nullptr;
 }
 
-/// How many characters a text shows that has none but well-formed ones.
-inline std::size_t CountCharacters(const std::string& iText)
+/// Number of characters.
+inline std::size_t Width(const std::string& iText)
 {
-    const auto isFirst = [](char iByte) { return (static_cast<unsigned char>(iByte) & 0xC0U) != 0x80U; };
-    return static_cast<std::size_t>(std::count_if(iText.begin(), iText.end(), isFirst));
+    return static_cast<std::size_t>(KELUtf8::Count(iText.data(), iText.size()));
 }
 
 /// The text, filled with spaces up to iWidth characters.
 inline void PrintColumn(std::ostream& ioOutput, const std::string& iText, std::size_t iWidth)
 {
-    const std::size_t characters = CountCharacters(iText);
+    const std::size_t characters = Width(iText);
     ioOutput << iText << std::string(iWidth > characters ? iWidth - characters : 0, ' ');
 }
 
@@ -207,7 +207,7 @@ inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvProperties& iSe
               [](const KELUnicodeString& iLeft, const KELUnicodeString& iRight) { return iLeft.Compare(iRight) == 0; });
     std::size_t width = 0;
     for (const KELUnicodeString& name : names) {
-        width = (std::max)(width, ZrvPropertyAccess::CountCharacters(ZrvPropertyAccess::Escaped(name)));
+        width = (std::max)(width, ZrvPropertyAccess::Width(ZrvPropertyAccess::Escaped(name)));
     }
     for (const KELUnicodeString& name : names) {
         if (const ZrvPropertyValueBase* value = iSet.GetProperty(name)) {

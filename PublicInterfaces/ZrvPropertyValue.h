@@ -6,11 +6,12 @@
 #include "KELSysTSBaseUnknown.h"
 #include "KELTypes.h"
 #include "KELUnicodeString.h"
+#include "ZrvIsExactly.h"
 #include "ZrvPropertyType.h"
 #include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValueBase.h"
 
-#include <typeinfo>
+#include <type_traits>
 #include <utility>
 
 /// \file
@@ -37,61 +38,25 @@ struct ZrvPropertyTypeOf;
 ZRV_PROPERTY_TYPES(ZRV_TYPE_OF)
 #undef ZRV_TYPE_OF
 
-/// How a value keeps, hands out and compares its contents: plainly, ...
-template <class T>
-struct ZrvPropertyContents {
-    using Kept = T;     ///< what the value holds
-    using Received = T; ///< what takes another value's answer in
-
-    static T HandOut(const Kept& iKept) { return iKept; }
-    static const T& Peek(const Received& iReceived) { return iReceived; }
-    static bool AreEqual(const T& iFirst, const T& iSecond) { return iFirst == iSecond; }
-};
-
-/// ... strings and lists compared by the library, ...
-/// @{
-template <>
-inline bool ZrvPropertyContents<KELUnicodeString>::AreEqual(const KELUnicodeString& iFirst,
-                                                            const KELUnicodeString& iSecond)
-{
-    return ZrvPropertyValue_StringComparator(iFirst, iSecond);
-}
-
-template <>
-inline bool ZrvPropertyContents<KELRawCollfloat>::AreEqual(const KELRawCollfloat& iFirst,
-                                                           const KELRawCollfloat& iSecond)
-{
-    return ZrvPropertyValue_LstFloatComparator(iFirst, iSecond);
-}
-/// @}
-
-/// ... and objects with a reference.
-template <>
-struct ZrvPropertyContents<KELSysTSBaseUnknown*> {
-    using Kept = KELReference<KELSysTSBaseUnknown>;
-
-    struct Received {
-        explicit Received(KELSysTSBaseUnknown* iObject) noexcept : reference(Kept::Adopt(iObject)) {}
-        Kept reference;
-    };
-
-    static KELSysTSBaseUnknown* HandOut(const Kept& iKept) { return iKept.Share(); }
-    static KELSysTSBaseUnknown* Peek(const Received& iReceived) { return iReceived.reference.Get(); }
-};
-
 /// A value of one of the nine types T.
 ///
 /// Strings and lists are owned; a byte pointer is an address and nothing more; an object pointer holds one reference on
-/// the object while it is not null. The type never changes. Not changed by one thread while another uses it.
+/// the object while it is not null. The type never changes. Thread-compatible.
 template <class T>
 class ZrvPropertyValue : public ZrvPropertyValueBase {
-    using Contents = ZrvPropertyContents<T>;
+    static constexpr bool kIsObject = std::is_same_v<T, KELSysTSBaseUnknown*>;
 
 public:
+    /// What a value of that type holds.
+    using Contents = std::conditional_t<kIsObject, KELReference<KELSysTSBaseUnknown>, T>;
+
     static constexpr ZrvPropertyType kType = ZrvPropertyTypeOf<T>::kType;
 
     /// Starts with iValue; takes a reference of its own on an object.
-    explicit ZrvPropertyValue(T iValue) : m_typedValue(std::move(iValue)) {}
+    /// @{
+    explicit ZrvPropertyValue(const T& iValue) : m_typedValue(iValue) {}
+    explicit ZrvPropertyValue(T&& ioValue) : m_typedValue(std::move(ioValue)) {}
+    /// @}
     ZrvPropertyValue(const ZrvPropertyValue&) = default;
     ZrvPropertyValue& operator=(const ZrvPropertyValue&) = default;
     ~ZrvPropertyValue() override = default;
@@ -102,24 +67,30 @@ public:
 
     ZrvRC SetValueFromProperty(const ZrvPropertyValueBase& iOther) override
     {
-        if (IsPlain(*this) && IsPlain(iOther)) {
-            m_typedValue = static_cast<const ZrvPropertyValue&>(iOther).m_typedValue;
-            return ZrvRC();
-        }
-        if (!HasSameTypeName(iOther)) {
+        const ZrvPropertyValue* const other = OfSameType(iOther);
+        if (!other) {
             return ZrvRC::zrvEC_Error;
         }
-        const typename Contents::Received other(static_cast<const ZrvPropertyValue&>(iOther).GetValue());
-        return SetValue(Contents::Peek(other));
+        if constexpr (kIsObject) {
+            const auto object = Contents::Adopt(other->GetValue());
+            return SetValue(object.Get());
+        } else {
+            return SetValue(other->GetValue());
+        }
     }
 
     bool IsPurelyIdenticalTo(const ZrvPropertyValueBase& iOther) const override
     {
-        if (!HasSameTypeName(iOther)) {
+        const ZrvPropertyValue* const other = OfSameType(iOther);
+        if (!other) {
             return false;
         }
-        const typename Contents::Received other(static_cast<const ZrvPropertyValue&>(iOther).GetValue());
-        return IsEqualTo(Contents::Peek(other));
+        if constexpr (kIsObject) { // its own pointer is compared as it is: asking for it would add a reference
+            return m_typedValue == Contents::Adopt(other->GetValue()).Get();
+        } else {
+            const T otherValue = other->GetValue();
+            return AreEqual(GetValue(), otherValue);
+        }
     }
 
     /// Stores iValue; always succeeds. On an object, takes a reference before it gives up the one it held.
@@ -130,32 +101,46 @@ public:
     }
 
     /// A copy of the value; an object comes with a reference added for the caller, who releases it.
-    virtual T GetValue() const { return Contents::HandOut(m_typedValue); }
+    virtual T GetValue() const
+    {
+        if constexpr (kIsObject) {
+            return m_typedValue.Share();
+        } else {
+            return m_typedValue;
+        }
+    }
+
+    /// Exchange the contents for others, or for those of another value. Neither counts references nor fails.
+    /// @{
+    void Swap(Contents& ioContents) noexcept { std::swap(m_typedValue, ioContents); }
+    void Swap(ZrvPropertyValue& ioOther) noexcept { Swap(ioOther.m_typedValue); }
+    /// @}
 
 private:
-    // An object of exactly this class, not of one derived by a caller: what it answers is known without asking. Modules
-    // may have their own copies of the class, and a copy that is not recognised is asked like any other.
-    static bool IsPlain(const ZrvPropertyValueBase& iValue) noexcept
+    // The other value if both have the same type name and it is of this class indeed; else null. A caller may have
+    // derived a class that names a type which it is not of.
+    const ZrvPropertyValue* OfSameType(const ZrvPropertyValueBase& iOther) const
     {
-        return &typeid(iValue) == &typeid(ZrvPropertyValue);
+        if (ZrvIsExactly<ZrvPropertyValue>(*this) && ZrvIsExactly<ZrvPropertyValue>(iOther)) {
+            return static_cast<const ZrvPropertyValue*>(&iOther);
+        }
+        const bool hasSameTypeName = GetType().GetLengthInChar() >= 1 && iOther.GetType().GetLengthInChar() >= 1 &&
+                                     GetType().Compare(iOther.GetType()) == 2;
+        return hasSameTypeName ? dynamic_cast<const ZrvPropertyValue*>(&iOther) : nullptr;
     }
 
-    bool HasSameTypeName(const ZrvPropertyValueBase& iOther) const
+    static bool AreEqual(const T& iFirst, const T& iSecond)
     {
-        return GetType().GetLengthInChar() >= 1 && iOther.GetType().GetLengthInChar() >= 1 &&
-               GetType().Compare(iOther.GetType()) == 2;
+        if constexpr (std::is_same_v<T, KELUnicodeString>) {
+            return ZrvPropertyValue_StringComparator(iFirst, iSecond);
+        } else if constexpr (std::is_same_v<T, KELRawCollfloat>) {
+            return ZrvPropertyValue_LstFloatComparator(iFirst, iSecond);
+        } else {
+            return iFirst == iSecond;
+        }
     }
 
-    bool IsEqualTo(const T& iOther) const { return Contents::AreEqual(GetValue(), iOther); }
-
-    typename Contents::Kept m_typedValue;
+    Contents m_typedValue;
 };
-
-// The object's own pointer is compared as it is: asking for it would add a reference.
-template <>
-inline bool ZrvPropertyValue<KELSysTSBaseUnknown*>::IsEqualTo(KELSysTSBaseUnknown* const& iOther) const
-{
-    return m_typedValue == iOther;
-}
 
 #endif

@@ -61,6 +61,9 @@ protected:
 private:
     friend class ZrvPropertiesData; // reads a declaration at once where others ask three questions
 
+    // The prototype if it is of exactly this class, so that its definitions are all that it answers; else null.
+    static const ZrvPrototypeImpl* OfExactly(const ZrvConstPropertiesPrototype& iPrototype);
+
     std::unique_ptr<KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>> m_properties;
 };
 

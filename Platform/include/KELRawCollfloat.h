@@ -8,48 +8,27 @@
 
 /// A list of floats, positions from 1, whose elements are shared between copies until one of them is changed.
 ///
-/// Copying, moving and assigning neither allocate nor fail, so that a list travels through a property by value at the
-/// price of a pointer; the first change of a shared list copies the elements, and so does copying a list after an
-/// element was handed out for writing. Whatever allocates throws the standard allocation failure and then leaves the
-/// list as it was. Different lists may be used by different threads, also when they share their elements; one list is
-/// not changed by one thread while another uses it.
+/// Copying, moving and assigning neither allocate nor fail. The first change of a shared list copies the elements, and
+/// so does copying a list after an element was handed out for writing. Whatever allocates throws `std::bad_alloc` and
+/// then leaves the list as it was. A growing list doubles its room. The memory belongs to the platform library, so that a
+/// list may outlive the module that made it.
+///
+/// Thread-compatible; lists that share their elements may be used by different threads.
 class KEL_API KELRawCollfloat {
-    // What lists share. The values lie behind it in the same allocation, or in a constant.
+    // What lists share. The values lie behind it in the same allocation.
     struct Elements {
+        float* Values() noexcept { return reinterpret_cast<float*>(this + 1); }
+
         KELReferenceCount holders;
         int size;
         int capacity;
         bool isLent;   // a caller may still write through a reference into it, so that it is not shared any more
         float nowhere; // what a position outside gives; thread-local, it would outlive the module on Windows
-        float* values;
     };
 
 public:
-    /// Elements that are there from load to unload, for lists that start with them and cost no allocation.
-    template <int N>
-    class Constant {
-    public:
-        /// N elements, each 0.
-        constexpr Constant() noexcept
-            : m_elements{KELReferenceCount(KELReferenceCount::Immortal()), N, N, false, 0.0F, m_values}
-        {
-        }
-
-    private:
-        friend class KELRawCollfloat;
-
-        float m_values[N] = {};
-        Elements m_elements;
-    };
-
     /// An empty list with room for iReserved elements.
     explicit KELRawCollfloat(int iReserved = 0);
-
-    /// A list of constant elements, which are copied when the list is changed.
-    template <int N>
-    explicit KELRawCollfloat(Constant<N>& iConstant) noexcept : m_elements(&iConstant.m_elements)
-    {
-    }
 
     KELRawCollfloat(const KELRawCollfloat& iOther);
     KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept : m_elements(std::exchange(ioOther.m_elements, nullptr)) {}
@@ -81,9 +60,10 @@ public:
     static int Compare(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight);
 
 private:
-    static Elements* CopyElements(const Elements* iElements, int iCapacity);
+    static Elements* CopyElements(Elements* iElements, int iCapacity);
     void RemoveHolder() noexcept;
     void MakeWritable(int iCapacity);
+    void Grow(int iCount);
 
     Elements* m_elements = nullptr;
 };

@@ -14,7 +14,12 @@ public:
     KELReference() noexcept = default;
 
     /// Takes a reference of its own on iObject, which may be null.
-    explicit KELReference(T* iObject) : m_object(iObject) { Acquire(); }
+    explicit KELReference(T* iObject) : m_object(iObject)
+    {
+        if (m_object) {
+            m_object->AddRef();
+        }
+    }
 
     KELReference(const KELReference& iOther) : KELReference(iOther.m_object) {}
     KELReference(KELReference&& ioOther) noexcept : m_object(std::exchange(ioOther.m_object, nullptr)) {}
@@ -46,14 +51,20 @@ public:
         return reference;
     }
 
+    /// Gives the reference to the caller.
+    T* Detach() noexcept { return std::exchange(m_object, nullptr); }
+
     /// The object, without a reference for the caller.
     T* Get() const noexcept { return m_object; }
 
     /// The object with a reference added for the caller, who gives it back with `Release`.
     T* Share() const
     {
-        Acquire();
-        return m_object;
+        T* const object = m_object; // what counts may be a caller's, and may change this holder
+        if (object) {
+            object->AddRef();
+        }
+        return object;
     }
 
     T* operator->() const noexcept { return m_object; }
@@ -66,13 +77,6 @@ public:
 
 private:
     void Swap(KELReference& ioOther) noexcept { std::swap(m_object, ioOther.m_object); }
-
-    void Acquire() const
-    {
-        if (m_object) {
-            m_object->AddRef();
-        }
-    }
 
     T* m_object = nullptr;
 };

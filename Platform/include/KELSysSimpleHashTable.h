@@ -1,6 +1,9 @@
 #ifndef KELSysSimpleHashTable_H
 #define KELSysSimpleHashTable_H
 
+#include "KELHashSalt.h"
+
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <utility>
@@ -12,20 +15,29 @@
 /// `Get(i)` and traversal cost what an array costs. Buckets are added two by two as elements arrive and only the chain
 /// that is split moves: no insertion ever rehashes the whole table, and growing is what growing an array costs.
 ///
-/// Reading writes nothing: several threads may look up at once; a change excludes every other use.
+/// A table that is given a salted hash function defends itself against elements that were made to have one hash: an
+/// insertion that meets a chain longer than honest hashes can make gives the table a random salt and links its elements
+/// anew, without allocating. From then on an element whose plain hash does not lead to it is looked for once more by its
+/// salted one.
+///
+/// Thread-compatible.
 class KELSysSimpleHashTable {
 public:
     using HashFunction = unsigned int (*)(void*);
     using EqualFunction = int (*)(void*, void*);
+    using SaltedHashFunction = unsigned int (*)(void*, const KELHashSalt&);
 
     /// An empty table.
     /// \param iExpected how many elements to make room for ahead; 0 makes room when the first one comes
     /// \param iHash gives an element's hash; equal elements have equal hashes
     /// \param iEqual nonzero for two equal elements; called with a stored element first and the probe second
-    KELSysSimpleHashTable(int iExpected, HashFunction iHash, EqualFunction iEqual) : m_hash(iHash), m_equal(iEqual)
+    /// \param iSaltedHash the same as iHash with a salt; null for a table that does not defend itself
+    KELSysSimpleHashTable(int iExpected, HashFunction iHash, EqualFunction iEqual,
+                          SaltedHashFunction iSaltedHash = nullptr)
+        : m_hash(iHash), m_equal(iEqual), m_saltedHash(iSaltedHash)
     {
         if (iExpected > 0) {
-            m_elements.reserve(static_cast<std::size_t>(iExpected));
+            Reserve(iExpected);
         }
     }
 
@@ -34,8 +46,7 @@ public:
     ~KELSysSimpleHashTable() = default;
 
     /// Stores iElement unless an equal element is stored, and returns the element that is now stored. Null when it
-    /// could store nothing: for a null element and in a full table. Throws the standard allocation failure; nothing
-    /// changes then.
+    /// could store nothing: for a null element and in a full table. Throws `std::bad_alloc`; nothing changes then.
     void* InsertAndReturn(void* iElement)
     {
         return iElement ? InsertHashed(iElement, m_hash(iElement),
@@ -50,14 +61,15 @@ public:
     /// The stored element that is equal to the probe, or null.
     void* Locate(void* iProbe) const
     {
-        return LocateHashed(m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
+        return LocateHashed(iProbe, m_hash(iProbe),
+                            [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
     }
 
     /// The same for a caller that has the probe's hash at hand and compares elements in its own way, in line.
     template <class IsProbe>
-    void* LocateHashed(unsigned int iHash, const IsProbe& iIsProbe) const
+    void* LocateHashed(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
     {
-        const int index = Find(iHash, iIsProbe);
+        const int index = Find(iProbe, iHash, iIsProbe);
         return index == kNone ? nullptr : At(index).element;
     }
 
@@ -69,31 +81,40 @@ public:
 
     int Size() const { return static_cast<int>(m_elements.size()); }
 
+    /// Makes room for iCount elements in an empty table. Throws `std::bad_alloc`.
+    void Reserve(int iCount)
+    {
+        if (m_elements.empty() && iCount > 0) {
+            MakeFirstRoom(std::max(static_cast<std::size_t>(iCount), kFirstElements));
+        }
+    }
+
     /// Exchanges the elements of two tables that have the same functions.
     void Swap(KELSysSimpleHashTable& ioOther) noexcept
     {
         m_elements.swap(ioOther.m_elements);
         m_heads.swap(ioOther.m_heads);
         std::swap(m_mask, ioOther.m_mask);
+        std::swap(m_isSalted, ioOther.m_isSalted);
+        std::swap(m_salt, ioOther.m_salt);
     }
 
-    /// Forgets every element.
+    /// Forgets every element and gives the memory back.
     void RemoveAll()
     {
-        m_elements.clear();
-        m_heads.clear();
-        m_mask = 0;
+        KELSysSimpleHashTable(0, m_hash, m_equal, m_saltedHash).Swap(*this);
     }
 
 private:
     static constexpr int kNone = -1;
     static constexpr std::size_t kFirstElements = 16;
     static constexpr std::size_t kBucketsPerElement = 2;
+    static constexpr int kLongestChain = 32; // that honest hashes can make, with two buckets for each element
 
     struct Element {
         void* element;
-        unsigned int hash;
-        int next; // index of the next element of the same bucket
+        unsigned int hash; // salted in a salted table
+        int next;          // index of the next element of the same bucket
     };
 
     const Element& At(int iIndex) const { return m_elements[static_cast<std::size_t>(iIndex)]; }
@@ -107,11 +128,8 @@ private:
     }
 
     template <class IsProbe>
-    int Find(unsigned int iHash, const IsProbe& iIsProbe) const
+    int FindInChain(unsigned int iHash, const IsProbe& iIsProbe) const
     {
-        if (m_heads.empty()) {
-            return kNone;
-        }
         int index = m_heads[Bucket(iHash)];
         while (index != kNone && !(At(index).hash == iHash && iIsProbe(At(index).element))) {
             index = At(index).next;
@@ -119,37 +137,67 @@ private:
         return index;
     }
 
+    // A salted table is tried with the plain hash first, so that a hit in any other table costs nothing more.
+    template <class IsProbe>
+    int Find(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
+    {
+        if (m_heads.empty()) {
+            return kNone;
+        }
+        const int index = FindInChain(iHash, iIsProbe);
+        return index == kNone && m_isSalted ? FindInChain(m_saltedHash(iProbe, m_salt), iIsProbe) : index;
+    }
+
+    void Link(int iIndex)
+    {
+        int& head = m_heads[Bucket(At(iIndex).hash)];
+        At(iIndex).next = head;
+        head = iIndex;
+    }
+
+    void MakeFirstRoom(std::size_t iElements);
     void MakeRoom();
     void AddBucket();
+    void AddSalt();
     int& LinkTo(int iIndex);
 
     HashFunction m_hash;
     EqualFunction m_equal;
+    SaltedHashFunction m_saltedHash;
     std::vector<Element> m_elements;
     std::vector<int> m_heads; // per bucket the index of its first element
     std::size_t m_mask = 0;   // the least 2^n - 1 that covers every bucket
+    bool m_isSalted = false;
+    KELHashSalt m_salt;
 };
 
 template <class IsElement>
 void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, const IsElement& iIsElement)
 {
-    const int index = Find(iHash, iIsElement);
-    if (index != kNone) {
-        return At(index).element;
+    unsigned int hash = m_isSalted ? m_saltedHash(iElement, m_salt) : iHash;
+    int length = 0;
+    for (int i = m_heads.empty() ? kNone : m_heads[Bucket(hash)]; i != kNone; i = At(i).next, ++length) {
+        if (At(i).hash == hash && iIsElement(At(i).element)) {
+            return At(i).element;
+        }
+    }
+    if (length >= kLongestChain && m_saltedHash && !m_isSalted) {
+        AddSalt();
+        hash = m_saltedHash(iElement, m_salt);
     }
     if (Size() == std::numeric_limits<int>::max()) {
         return nullptr;
     }
     MakeRoom();
-    int& head = m_heads[Bucket(iHash)];
-    m_elements.push_back({iElement, iHash, head});
-    head = Size() - 1;
+    m_elements.push_back({iElement, hash, kNone});
+    Link(Size() - 1);
     return iElement;
 }
 
 inline void* KELSysSimpleHashTable::Remove(void* iProbe)
 {
-    const int index = Find(m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
+    const int index =
+        Find(iProbe, m_hash(iProbe), [this, iProbe](void* iElement) { return m_equal(iElement, iProbe) != 0; });
     if (index == kNone) {
         return nullptr;
     }
@@ -161,17 +209,29 @@ inline void* KELSysSimpleHashTable::Remove(void* iProbe)
         At(index) = At(last);
     }
     m_elements.pop_back();
+    if (m_elements.empty() && m_elements.capacity() > kFirstElements) {
+        RemoveAll();
+    }
     return removed;
+}
+
+inline void KELSysSimpleHashTable::MakeFirstRoom(std::size_t iElements)
+{
+    const std::size_t buckets = iElements * kBucketsPerElement;
+    m_elements.reserve(iElements);
+    m_heads.reserve(buckets * 3 / 2); // never grows together with the elements
+    m_heads.assign(buckets, kNone);
+    m_mask = 1;
+    while (m_mask < buckets - 1) {
+        m_mask = m_mask * 2 + 1;
+    }
 }
 
 // Everything that an insertion allocates, so that it can be refused before anything has changed.
 inline void KELSysSimpleHashTable::MakeRoom()
 {
     if (m_heads.empty()) {
-        m_elements.reserve(kFirstElements);
-        m_heads.reserve(kFirstElements * kBucketsPerElement * 3 / 2); // never grows together with the elements
-        m_heads.assign(kFirstElements * kBucketsPerElement, kNone);
-        m_mask = m_heads.size() - 1;
+        MakeFirstRoom(kFirstElements);
     }
     if (m_elements.size() == m_elements.capacity()) {
         m_elements.reserve(m_elements.capacity() * 2);
@@ -199,6 +259,17 @@ inline void KELSysSimpleHashTable::AddBucket()
         } else {
             link = &At(index).next;
         }
+    }
+}
+
+inline void KELSysSimpleHashTable::AddSalt()
+{
+    m_salt = KELHashSalt::Make();
+    m_isSalted = true;
+    std::fill(m_heads.begin(), m_heads.end(), kNone);
+    for (int i = 0; i < Size(); ++i) {
+        At(i).hash = m_saltedHash(At(i).element, m_salt);
+        Link(i);
     }
 }
 

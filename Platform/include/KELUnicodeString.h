@@ -2,19 +2,63 @@
 #define KELUnicodeString_H
 
 #include "KELExport.h"
+#include "KELHashSalt.h"
 #include "KELText.h"
 
-#include <utility>
+#include <cstddef>
+#include <cstring>
 
-/// A Unicode string: immutable UTF-8 text, shared between copies.
+/// The 32 bytes of a string that holds a text of up to 25 bytes, made at compile time from a literal.
 ///
-/// Copying, moving and assigning never allocate and never fail; a string that shows a text of its own is made by the
-/// constructor from narrow text, by `Append` and by `Insert`, which leave it unchanged when memory runs out. A
-/// character is a code point; positions count characters from 0. Bytes that are not well-formed UTF-8 are kept as they
-/// are and count one character each. Comparison is exact: case matters, and nothing is normalised.
+/// The text and its terminating zeros, then one byte each for the numbers of bytes and characters, then the hash.
+class KELShortText {
+public:
+    static constexpr std::size_t kLongest = 25; ///< bytes
+
+    constexpr KELShortText() noexcept = default;
+
+    /// A constant; more than 25 bytes do not compile.
+    template <std::size_t N>
+    constexpr explicit KELShortText(const char (&iLiteral)[N]) noexcept
+    {
+        static_assert(N - 1 <= kLongest, "too long to lie inside a string");
+        for (std::size_t i = 0; i + 1 < N; ++i) {
+            m_words[i / 8] |= Word{KELUtf8::Byte(iLiteral[i])} << (i % 8 * 8);
+        }
+        Seal(N - 1, KELUtf8::Count(iLiteral, N - 1));
+    }
+
+private:
+    friend class KELUnicodeString;
+    using Word = KELUtf8::Word;
+
+    static constexpr unsigned int kLengthShift = 16;
+    static constexpr unsigned int kCharactersShift = 24;
+    static constexpr unsigned int kHashShift = 32;
+
+    // Adds the measures to a text that is in place.
+    constexpr void Seal(std::size_t iLength, int iCharacters) noexcept
+    {
+        const Word hash = KELUtf8::Hash(iLength, [this](std::size_t iIndex) { return m_words[iIndex]; });
+        m_words[3] |= Word{iLength} << kLengthShift | static_cast<Word>(iCharacters) << kCharactersShift |
+                      hash << kHashShift;
+    }
+
+    Word m_words[4] = {};
+};
+
+/// A Unicode string: UTF-8 text with its hash and its number of characters.
 ///
-/// Different strings may be used by different threads, also when they share a text; one string is not changed by one
-/// thread while another uses it.
+/// A text of up to 25 bytes lies inside the string; a longer one lies on the heap, where copies share and count it.
+/// Copying, moving and assigning never allocate and never fail. Construction from narrow text, `Append` and `Insert` may
+/// throw `std::bad_alloc`, also for more than 2^31 - 1 bytes, and leave the string as it was. `Append` writes in place
+/// when there is room and no other string shares the text. A string refers to nothing in another module, so that it may
+/// outlive the module that made it.
+///
+/// A character is a code point; positions count characters from 0. Bytes that are not well-formed UTF-8 are kept and
+/// count one character each. A text may contain bytes 0. Comparison is exact: case matters, and nothing is normalised.
+///
+/// Thread-compatible; strings that share a text may be used by different threads.
 ///
 /// \code
 /// KELUnicodeString name("frame");
@@ -23,48 +67,73 @@
 /// \endcode
 class KEL_API KELUnicodeString {
 public:
-    constexpr KELUnicodeString() noexcept = default;
+    constexpr KELUnicodeString() noexcept {} // NOLINT(modernize-use-equals-default): exported
 
     /// Copies iText, UTF-8 up to its terminating zero; null gives the empty string.
-    KELUnicodeString(const char* iText); // NOLINT(google-explicit-constructor): texts are passed where names are due
+    KELUnicodeString(const char* iText) // NOLINT(google-explicit-constructor): texts are passed where names are due
+        : KELUnicodeString(iText, iText ? std::strlen(iText) : 0)
+    {
+    }
 
-    /// Copies iLength bytes at iText.
+    /// Copies iLength bytes at iText. Linear.
     KELUnicodeString(const char* iText, std::size_t iLength);
 
-    /// Shows an immortal text, without allocating.
-    constexpr explicit KELUnicodeString(const KELText& iText) noexcept : m_text(&iText) {}
+    /// Copies a constant.
+    constexpr explicit KELUnicodeString(const KELShortText& iText) noexcept : m_form(iText) {}
 
-    KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_text(iOther.m_text) { AddHolder(); }
-    KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_text(std::exchange(ioOther.m_text, nullptr)) {}
+    KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_form(iOther.m_form) { AddHolder(); }
+    KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_form(ioOther.m_form) { ioOther.m_form = KELShortText(); }
     ~KELUnicodeString() { RemoveHolder(); }
 
-    KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept { return *this = KELUnicodeString(iOther); }
-
-    KELUnicodeString& operator=(KELUnicodeString&& ioOther) noexcept
+    KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept
     {
-        std::swap(m_text, ioOther.m_text);
+        iOther.AddHolder();
+        RemoveHolder();
+        m_form = iOther.m_form;
         return *this;
     }
 
-    /// Adds iText at the end; returns this string.
+    KELUnicodeString& operator=(KELUnicodeString&& ioOther) noexcept
+    {
+        const KELShortText form = m_form;
+        m_form = ioOther.m_form;
+        ioOther.m_form = form;
+        return *this;
+    }
+
+    /// Adds iText at the end; returns this string. Copies the bytes of iText, and now and then, as a growing array does,
+    /// those of this string.
     KELUnicodeString& Append(const KELUnicodeString& iText);
 
+    /// Adds two texts at the end, or neither when it throws; returns this string.
+    KELUnicodeString& Append(const KELUnicodeString& iFirst, const KELUnicodeString& iSecond);
+
     /// Puts iText in front of the character at iPosition; returns this string. A position outside the string means its
-    /// nearer end.
+    /// nearer end. Linear.
     KELUnicodeString& Insert(int iPosition, const KELUnicodeString& iText);
 
-    /// Finds iText as whole characters, from the character iStart on.
+    /// Finds iText as whole characters, from the character iStart on. Linear in both texts; may throw `std::bad_alloc`.
     /// \param iMode 1 searches forward; there is no other mode.
     /// \return the position of its first character, or -1 when it is not found or iStart or iMode is out of range.
     int SearchSubString(const KELUnicodeString& iText, int iStart, int iMode) const;
 
-    int GetLengthInChar() const noexcept { return m_text ? m_text->Characters() : 0; }
+    /// Number of characters.
+    int GetLengthInChar() const noexcept
+    {
+        return IsLong() ? Text().Characters() : static_cast<int>(Last() >> KELShortText::kCharactersShift & 0xFFU);
+    }
 
-    /// The text as UTF-8 with a terminating zero, never null; valid until the string is changed or destroyed.
-    const char* ConvertToChar() const noexcept { return m_text ? m_text->Bytes() : ""; }
+    /// The text as UTF-8, never null; valid until this string is changed or destroyed. It may point into this object.
+    const char* ConvertToChar() const noexcept
+    {
+        return IsLong() ? Text().Bytes() : reinterpret_cast<const char*>(m_form.m_words);
+    }
 
     /// Number of bytes at `ConvertToChar`, without the terminating zero.
-    std::size_t LengthInBytes() const noexcept { return m_text ? static_cast<std::size_t>(m_text->Length()) : 0; }
+    std::size_t LengthInBytes() const noexcept
+    {
+        return IsLong() ? Text().Length() : Last() >> KELShortText::kLengthShift & 0xFFU;
+    }
 
     /// 2 when both texts are identical, else 0 when this string sorts first and 1 when iOther does (by code points).
     int Compare(const KELUnicodeString& iOther) const noexcept
@@ -72,8 +141,15 @@ public:
         return IsIdentical(iOther) ? 2 : SortsBefore(iOther) ? 0 : 1;
     }
 
-    /// A hash of the text, stored with it: equal strings have equal hashes in every module and every run.
-    unsigned int ComputeHashKey() const noexcept { return m_text ? m_text->Hash() : 0; }
+    /// A hash of the text: equal strings have equal hashes in every module and every run. Linear when a text of more
+    /// than 25 bytes is asked for the first time.
+    unsigned int ComputeHashKey() const noexcept
+    {
+        return IsLong() ? Text().Hash() : static_cast<KELUINT32>(Last() >> KELShortText::kHashShift);
+    }
+
+    /// A hash that nobody can foresee who does not know the salt. Linear.
+    unsigned int ComputeHashKey(const KELHashSalt& iSalt) const noexcept;
 
     friend bool operator==(const KELUnicodeString& iLeft, const KELUnicodeString& iRight) noexcept
     {
@@ -86,37 +162,66 @@ public:
     }
 
 private:
-    static const KELText* MakeText(const char* iFirst, std::size_t iFirstLength, const char* iSecond = "",
-                                   std::size_t iSecondLength = 0, const char* iThird = "",
-                                   std::size_t iThirdLength = 0);
-    static void Destroy(const KELText* iText) noexcept;
+    using Word = KELUtf8::Word;
 
+    // A number of bytes that no text inside has: the first word is then the address of a KELText.
+    static constexpr Word kLong = Word{0xFF} << KELShortText::kLengthShift;
+
+    struct Part {
+        const char* bytes;
+        std::size_t length;
+    };
+
+    Part AsPart() const noexcept { return {ConvertToChar(), LengthInBytes()}; }
+    static std::size_t CheckedLength(std::size_t iFirst, std::size_t iSecond, std::size_t iThird = 0);
+    static KELText* MakeText(std::size_t iCapacity);
+    static KELText* MakeText(const Part& iFirst, const Part& iSecond, const Part& iThird, std::size_t iCapacity);
+    static KELShortText MakeShort(const Part& iFirst, const Part& iSecond, const Part& iThird) noexcept;
+    static void Destroy(KELText* iText) noexcept;
+
+    void Join(const Part& iFirst, const Part& iSecond, const Part& iThird);
+    KELUnicodeString& AppendParts(const Part& iFirst, const Part& iSecond);
+    void SetText(KELText* iText) noexcept;
     std::size_t ByteOffset(int iPosition) const noexcept;
-    [[gnu::pure]] bool SortsBefore(const KELUnicodeString& iOther) const noexcept;
+    bool SortsBefore(const KELUnicodeString& iOther) const noexcept;
+    bool IsSameText(const KELUnicodeString& iOther) const noexcept;
+
+    const Word& Last() const noexcept { return m_form.m_words[3]; }
+    bool IsLong() const noexcept { return (Last() & kLong) == kLong; }
+
+    KELText& Text() const noexcept
+    {
+        KELText* text = nullptr;
+        std::memcpy(&text, m_form.m_words, sizeof(text));
+        return *text;
+    }
 
     bool IsIdentical(const KELUnicodeString& iOther) const noexcept
     {
-        if (m_text == iOther.m_text) {
-            return true;
+        const Word* const one = m_form.m_words;
+        const Word* const other = iOther.m_form.m_words;
+        if (one[3] != other[3]) {
+            return false;
         }
-        return m_text && iOther.m_text && m_text->Hash() == iOther.m_text->Hash() && m_text->IsSame(*iOther.m_text);
+        return ((one[0] ^ other[0]) | (one[1] ^ other[1]) | (one[2] ^ other[2])) == 0 ||
+               (IsLong() && IsSameText(iOther));
     }
 
     void AddHolder() const noexcept
     {
-        if (m_text && !m_text->m_references.IsImmortal()) {
-            m_text->m_references.Increment();
+        if (IsLong()) {
+            Text().m_holders.Increment();
         }
     }
 
     void RemoveHolder() const noexcept
     {
-        if (m_text && !m_text->m_references.IsImmortal() && m_text->m_references.Decrement() == 0) {
-            Destroy(m_text);
+        if (IsLong() && Text().m_holders.Decrement() == 0) {
+            Destroy(&Text());
         }
     }
 
-    const KELText* m_text = nullptr; // null shows the empty text, which has no other form
+    KELShortText m_form;
 };
 
 #endif

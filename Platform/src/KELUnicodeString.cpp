@@ -1,69 +1,214 @@
 #include "KELUnicodeString.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
-#include <memory>
 #include <new>
 #include <string_view>
+#include <vector>
 
 namespace {
 
-struct RawMemoryDeleter {
-    void operator()(void* iMemory) const noexcept { ::operator delete(iMemory); }
+using Word = KELUtf8::Word;
+
+// Up to 25 bytes as a few loads and stores of fixed sizes, which overlap; a call would cost more.
+void CopyShort(char* oTo, const char* iFrom, std::size_t iLength) noexcept
+{
+    if (iLength >= 16) {
+        std::memcpy(oTo, iFrom, 16);
+        char tail[16];
+        std::memcpy(tail, iFrom + iLength - 16, 16);
+        std::memcpy(oTo + iLength - 16, tail, 16);
+    } else if (iLength >= 8) {
+        std::memcpy(oTo, iFrom, 8);
+        std::memcpy(oTo + iLength - 8, iFrom + iLength - 8, 8);
+    } else if (iLength >= 4) {
+        std::memcpy(oTo, iFrom, 4);
+        std::memcpy(oTo + iLength - 4, iFrom + iLength - 4, 4);
+    } else if (iLength > 0) {
+        oTo[0] = iFrom[0];
+        oTo[iLength / 2] = iFrom[iLength / 2];
+        oTo[iLength - 1] = iFrom[iLength - 1];
+    }
+}
+
+char* CopyBytes(char* oTo, const char* iFrom, std::size_t iLength) noexcept
+{
+    if (iLength > 0) {
+        std::memcpy(oTo, iFrom, iLength);
+    }
+    return oTo + iLength;
+}
+
+// Finds every place where one text's bytes stand in another, overlapping ones included, in one walk over both.
+class Finder {
+public:
+    Finder(std::string_view iText, std::string_view iWanted, std::size_t iStart)
+        : m_text(iText), m_wanted(iWanted), m_border(iWanted.size()), m_at(iStart)
+    {
+        std::size_t length = 0;
+        for (std::size_t i = 1; i < iWanted.size(); ++i) {
+            length = Extend(length, iWanted[i]);
+            m_border[i] = length;
+        }
+    }
+
+    // The next place, or npos.
+    std::size_t Next()
+    {
+        while (m_at < m_text.size()) {
+            const std::size_t matched = m_matched == m_wanted.size() ? m_border[m_matched - 1] : m_matched;
+            m_matched = Extend(matched, m_text[m_at++]);
+            if (m_matched == m_wanted.size()) {
+                return m_at - m_matched;
+            }
+        }
+        return std::string_view::npos;
+    }
+
+private:
+    // How much of the wanted text is matched with one byte more.
+    std::size_t Extend(std::size_t iMatched, char iByte) const
+    {
+        while (iMatched > 0 && m_wanted[iMatched] != iByte) {
+            iMatched = m_border[iMatched - 1];
+        }
+        return m_wanted[iMatched] == iByte ? iMatched + 1 : 0;
+    }
+
+    std::string_view m_text;
+    std::string_view m_wanted;
+    std::vector<std::size_t> m_border; // of each beginning, the longest of its ends that is a beginning, too
+    std::size_t m_at;
+    std::size_t m_matched = 0;
 };
 
 } // namespace
 
-const KELText* KELUnicodeString::MakeText(const char* iFirst, std::size_t iFirstLength, const char* iSecond,
-                                          std::size_t iSecondLength, const char* iThird, std::size_t iThirdLength)
+std::size_t KELUnicodeString::CheckedLength(std::size_t iFirst, std::size_t iSecond, std::size_t iThird)
 {
     constexpr std::size_t kLongest = std::numeric_limits<int>::max(); // lengths and positions are int
-    if (iFirstLength > kLongest || iSecondLength > kLongest - iFirstLength ||
-        iThirdLength > kLongest - iFirstLength - iSecondLength) {
+    if (iFirst > kLongest || iSecond > kLongest - iFirst || iThird > kLongest - iFirst - iSecond) {
         throw std::bad_alloc();
     }
-    const std::size_t length = iFirstLength + iSecondLength + iThirdLength;
-    if (length == 0) {
-        return nullptr;
-    }
-    std::unique_ptr<void, RawMemoryDeleter> memory(::operator new(sizeof(KELText) + KELText::Room(length)));
-    char* const bytes = static_cast<char*>(memory.get()) + sizeof(KELText);
-    char* end = std::copy_n(iFirst, iFirstLength, bytes);
-    end = std::copy_n(iSecond, iSecondLength, end);
-    end = std::copy_n(iThird, iThirdLength, end);
-    std::fill(end, bytes + KELText::Room(length), '\0');
-    return ::new (memory.release()) KELText(bytes, length);
+    return iFirst + iSecond + iThird;
 }
 
-void KELUnicodeString::Destroy(const KELText* iText) noexcept
+KELText* KELUnicodeString::MakeText(std::size_t iCapacity)
+{
+    return ::new (::operator new(sizeof(KELText) + iCapacity + 1)) KELText(static_cast<KELUINT32>(iCapacity));
+}
+
+KELText* KELUnicodeString::MakeText(const Part& iFirst, const Part& iSecond, const Part& iThird, std::size_t iCapacity)
+{
+    KELText* const text = MakeText(iCapacity);
+    char* end = CopyBytes(text->Bytes(), iFirst.bytes, iFirst.length);
+    end = CopyBytes(end, iSecond.bytes, iSecond.length);
+    end = CopyBytes(end, iThird.bytes, iThird.length);
+    *end = '\0';
+    text->m_length = static_cast<KELUINT32>(end - text->Bytes());
+    return text;
+}
+
+KELShortText KELUnicodeString::MakeShort(const Part& iFirst, const Part& iSecond, const Part& iThird) noexcept
+{
+    KELShortText form;
+    char* const room = reinterpret_cast<char*>(form.m_words);
+    CopyShort(room, iFirst.bytes, iFirst.length);
+    const std::size_t two = iFirst.length + iSecond.length;
+    CopyShort(room + iFirst.length, iSecond.bytes, iSecond.length);
+    CopyShort(room + two, iThird.bytes, iThird.length);
+    constexpr Word kNotAscii = 0x8080808080808080U;
+    const Word all = form.m_words[0] | form.m_words[1] | form.m_words[2] | form.m_words[3];
+    const std::size_t length = two + iThird.length;
+    form.Seal(length, (all & kNotAscii) == 0 ? static_cast<int>(length) : KELUtf8::Count(room, length));
+    return form;
+}
+
+void KELUnicodeString::Destroy(KELText* iText) noexcept
 {
     iText->~KELText();
-    ::operator delete(const_cast<KELText*>(iText));
+    ::operator delete(iText);
 }
 
-KELUnicodeString::KELUnicodeString(const char* iText) : m_text(iText ? MakeText(iText, std::strlen(iText)) : nullptr) {}
+KELUnicodeString::KELUnicodeString(const char* iText, std::size_t iLength)
+{
+    if (iLength <= KELShortText::kLongest) {
+        m_form = MakeShort({iText, iLength}, {}, {});
+        return;
+    }
+    Join({iText, iLength}, {}, {});
+}
 
-KELUnicodeString::KELUnicodeString(const char* iText, std::size_t iLength) : m_text(MakeText(iText, iLength)) {}
+// Shows a new text of these parts, which may lie in the old one.
+void KELUnicodeString::Join(const Part& iFirst, const Part& iSecond, const Part& iThird)
+{
+    const std::size_t length = CheckedLength(iFirst.length, iSecond.length, iThird.length);
+    if (length <= KELShortText::kLongest) {
+        m_form = MakeShort(iFirst, iSecond, iThird);
+        return;
+    }
+    KELText* const text = MakeText(iFirst, iSecond, iThird, length);
+    text->m_characters = KELUtf8::Count(text->Bytes(), length);
+    SetText(text);
+}
+
+void KELUnicodeString::SetText(KELText* iText) noexcept
+{
+    RemoveHolder();
+    m_form = KELShortText();
+    std::memcpy(m_form.m_words, &iText, sizeof(iText));
+    m_form.m_words[3] = kLong;
+}
 
 KELUnicodeString& KELUnicodeString::Append(const KELUnicodeString& iText)
 {
-    return Insert(GetLengthInChar(), iText);
+    if (LengthInBytes() == 0) {
+        return *this = iText;
+    }
+    return AppendParts(iText.AsPart(), {});
+}
+
+KELUnicodeString& KELUnicodeString::Append(const KELUnicodeString& iFirst, const KELUnicodeString& iSecond)
+{
+    return AppendParts(iFirst.AsPart(), iSecond.AsPart());
+}
+
+KELUnicodeString& KELUnicodeString::AppendParts(const Part& iFirst, const Part& iSecond)
+{
+    const Part old = AsPart();
+    const std::size_t length = CheckedLength(old.length, iFirst.length, iSecond.length);
+    if (length <= KELShortText::kLongest) {
+        m_form = MakeShort(old, iFirst, iSecond);
+        return *this;
+    }
+    if (length == old.length) {
+        return *this;
+    }
+    const std::size_t tail = KELUtf8::IncompleteTail(old.bytes, old.length);
+    const int characters = GetLengthInChar() - static_cast<int>(tail);
+    if (!IsLong() || !Text().m_holders.IsUnique() || Text().m_capacity < length) {
+        constexpr std::size_t kLongest = std::numeric_limits<int>::max();
+        SetText(MakeText(old, iFirst, iSecond, std::min(std::max(length, 2 * old.length), kLongest)));
+    } else {
+        char* const end = CopyBytes(Text().Bytes() + old.length, iFirst.bytes, iFirst.length);
+        *CopyBytes(end, iSecond.bytes, iSecond.length) = '\0';
+        Text().m_length = static_cast<KELUINT32>(length);
+        Text().m_hash.store(0, std::memory_order_relaxed);
+    }
+    const std::size_t counted = old.length - tail;
+    Text().m_characters = characters + KELUtf8::Count(Text().Bytes() + counted, length - counted);
+    return *this;
 }
 
 KELUnicodeString& KELUnicodeString::Insert(int iPosition, const KELUnicodeString& iText)
 {
-    if (!iText.m_text) {
-        return *this;
-    }
-    if (!m_text) {
-        return *this = iText;
-    }
+    const Part old = AsPart();
     const std::size_t offset = ByteOffset(iPosition);
-    KELUnicodeString joined;
-    joined.m_text = MakeText(ConvertToChar(), offset, iText.ConvertToChar(), iText.LengthInBytes(),
-                             ConvertToChar() + offset, LengthInBytes() - offset);
-    return *this = std::move(joined);
+    if (offset == old.length) {
+        return Append(iText);
+    }
+    Join({old.bytes, offset}, iText.AsPart(), {old.bytes + offset, old.length - offset});
+    return *this;
 }
 
 int KELUnicodeString::SearchSubString(const KELUnicodeString& iText, int iStart, int iMode) const
@@ -73,21 +218,18 @@ int KELUnicodeString::SearchSubString(const KELUnicodeString& iText, int iStart,
     }
     const std::string_view text(ConvertToChar(), LengthInBytes());
     const std::string_view wanted(iText.ConvertToChar(), iText.LengthInBytes());
-    // Walk to each place where the bytes match and count the characters on the way; a match that starts or ends inside
-    // a character is none.
-    int position = iStart;
-    std::size_t at = ByteOffset(iStart);
-    for (std::size_t match = text.find(wanted, at); match != text.npos; match = text.find(wanted, match + 1)) {
-        while (at < match) {
-            at += KELText::CharacterLength(text.data() + at, text.size() - at);
-            ++position;
-        }
-        std::size_t end = at;
-        while (end < match + wanted.size()) {
-            end += KELText::CharacterLength(text.data() + end, text.size() - end);
-        }
-        if (at == match && end == match + wanted.size()) {
-            return position;
+    if (wanted.empty()) {
+        return iStart;
+    }
+    // A match that starts or ends inside a character is none.
+    const std::size_t start = ByteOffset(iStart);
+    const auto isBoundary = [text](std::size_t iOffset) {
+        return KELUtf8::IsBoundary(text.data(), text.size(), iOffset);
+    };
+    Finder finder(text, wanted, start);
+    for (std::size_t match = finder.Next(); match != std::string_view::npos; match = finder.Next()) {
+        if (isBoundary(match) && isBoundary(match + wanted.size())) {
+            return iStart + KELUtf8::Count(text.data() + start, match - start);
         }
     }
     return -1;
@@ -107,7 +249,7 @@ std::size_t KELUnicodeString::ByteOffset(int iPosition) const noexcept
     }
     std::size_t offset = 0;
     for (int i = 0; i < iPosition; ++i) {
-        offset += KELText::CharacterLength(ConvertToChar() + offset, length - offset);
+        offset += KELUtf8::CharacterLength(ConvertToChar() + offset, length - offset);
     }
     return offset;
 }
@@ -119,4 +261,16 @@ bool KELUnicodeString::SortsBefore(const KELUnicodeString& iOther) const noexcep
     const std::size_t otherLength = iOther.LengthInBytes();
     const int order = std::memcmp(ConvertToChar(), iOther.ConvertToChar(), std::min(length, otherLength));
     return order < 0 || (order == 0 && length < otherLength);
+}
+
+bool KELUnicodeString::IsSameText(const KELUnicodeString& iOther) const noexcept
+{
+    const KELText& one = Text();
+    const KELText& other = iOther.Text();
+    return one.Length() == other.Length() && std::memcmp(one.Bytes(), other.Bytes(), one.Length()) == 0;
+}
+
+unsigned int KELUnicodeString::ComputeHashKey(const KELHashSalt& iSalt) const noexcept
+{
+    return iSalt.Hash(ConvertToChar(), LengthInBytes());
 }

@@ -2,6 +2,8 @@
 #define ZrvCheck_H
 
 #include "KELCheckFailure.h"
+#include "KELUnicodeString.h"
+#include "ZrvPropertyValueBase.h"
 
 /// Checks preconditions for one source file and reports those that are broken.
 ///
@@ -36,17 +38,25 @@ public:
         return iPointer;
     }
 
+    bool HasName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE()) const
+    {
+        return Holds(iPropertyName.GetLengthInChar() > 0, "iPropertyName.GetLengthInChar()>0", iLine);
+    }
+
+    bool HasTypeName(const KELUnicodeString& iPropertyType, int iLine = __builtin_LINE()) const
+    {
+        return Holds(iPropertyType.GetLengthInChar() > 0, "iPropertyType.GetLengthInChar()>0", iLine);
+    }
+
+    bool HasType(const ZrvPropertyValueBase& iValue, int iLine = __builtin_LINE()) const
+    {
+        return Holds(iValue.GetType().GetLengthInChar() > 0, "iValue.GetType().GetLengthInChar()>0", iLine);
+    }
+
     void Fail(const char* iText, int iLine = __builtin_LINE()) const { CheckFailure__(iText, m_file, iLine, nullptr); }
 
 private:
     const char* m_file;
 };
-
-/// The conditions that more than one source file checks, as reports give them.
-/// @{
-inline constexpr char ZrvCheck_NameIsThere[] = "iPropertyName.GetLengthInChar()>0";
-inline constexpr char ZrvCheck_TypeNameIsThere[] = "iPropertyType.GetLengthInChar()>0";
-inline constexpr char ZrvCheck_ValueHasType[] = "iValue.GetType().GetLengthInChar()>0";
-/// @}
 
 #endif

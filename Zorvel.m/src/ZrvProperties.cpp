@@ -2,10 +2,8 @@
 
 #include "KELSysTSUnicodeString.h"
 #include "ZrvCheck.h"
-#include "ZrvDebugServices.h"
+#include "ZrvIsExactly.h"
 #include "ZrvProperties_data.h"
-
-#include <typeinfo>
 
 namespace {
 
@@ -16,15 +14,10 @@ bool CheckData(const std::unique_ptr<ZrvPropertiesData>& iData, int iLine = __bu
     return g_check.IsThere(iData != nullptr, "m_PropertiesData", iLine);
 }
 
-bool CheckName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE())
-{
-    return g_check.Holds(iPropertyName.GetLengthInChar() > 0, ZrvCheck_NameIsThere, iLine);
-}
-
 // A derived set may list what it likes; of a set of exactly this class the data tell it without a list.
 bool ListsNothing(const ZrvProperties& iProperties, const ZrvPropertiesData& iData)
 {
-    if (typeid(iProperties) == typeid(ZrvProperties)) {
+    if (ZrvIsExactly<ZrvProperties>(iProperties)) {
         return !iData.HasNames();
     }
     KELListValKELUnicodeString names;
@@ -104,8 +97,8 @@ KELUnicodeString ZrvProperties::GetPropertyType(const KELUnicodeString& iPropert
 ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                  ZrvConstPropertiesPrototype* iPropertyPrototype)
 {
-    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName) ||
-        !g_check.Holds(iPropertyType.GetLengthInChar() > 0, ZrvCheck_TypeNameIsThere)) {
+    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName) ||
+        !g_check.HasTypeName(iPropertyType)) {
         return ZrvRC::zrvEC_Error;
     }
     return m_PropertiesData->AddProperty(iPropertyName, iPropertyType, iPropertyPrototype);
@@ -113,7 +106,7 @@ ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName, const KE
 
 ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName)
 {
-    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
     return m_PropertiesData->AddProperty(iPropertyName);
@@ -121,7 +114,7 @@ ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName)
 
 ZrvProperties* ZrvProperties::GetPropertyParameters(const KELUnicodeString& iPropertyName) const
 {
-    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName)) {
         return nullptr;
     }
     return m_PropertiesData->GetPropertyParameters(iPropertyName);
@@ -144,7 +137,7 @@ ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
 
 const ZrvPropertyValueBase* ZrvProperties::GetProperty(const KELUnicodeString& iPropertyName) const
 {
-    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName)) {
         return nullptr;
     }
     return m_PropertiesData->GetProperty(iPropertyName);
@@ -152,29 +145,14 @@ const ZrvPropertyValueBase* ZrvProperties::GetProperty(const KELUnicodeString& i
 
 ZrvRC ZrvProperties::SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
 {
-    if (!CheckData(m_PropertiesData) || !CheckName(iPropertyName)) {
+    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
-    if (m_PropertiesData->AssignPlain(iPropertyName, iValue)) {
+    if (m_PropertiesData->AssignIfSameClass(iPropertyName, iValue)) {
         return ZrvRC::zrvEC_OK;
     }
-    if (!g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
+    if (!g_check.HasType(iValue)) {
         return ZrvRC::zrvEC_Error;
     }
     return m_PropertiesData->SetProperty(iPropertyName, iValue);
-}
-
-KELUnicodeString ZrvDebugServices::GetTracesFromProperties(const ZrvProperties& /*iProperties*/)
-{
-    return KELUnicodeString();
-}
-
-ZrvDebugServices& ZrvDebugServices::operator=(const ZrvDebugServices& /*iOther*/)
-{
-    return *this;
-}
-
-ZrvDebugServices& ZrvDebugServices::operator=(ZrvDebugServices&& /*iOther*/) noexcept
-{
-    return *this;
 }

@@ -5,73 +5,57 @@
 #include "ZrvPropertyDefinition.h"
 #include "ZrvPrototypeImpl.h"
 
-#include <typeinfo>
 #include <utility>
 
 namespace {
 
 constexpr ZrvCheck g_check("ZrvProperties_data");
-constexpr char g_isAvailable[] = "ZrvProperties::zrvPA_Unavailable!=propertyAvailability";
-
-bool CheckName(const KELUnicodeString& iPropertyName, int iLine = __builtin_LINE())
-{
-    return g_check.Holds(iPropertyName.GetLengthInChar() > 0, ZrvCheck_NameIsThere, iLine);
-}
 
 ZrvRC Failure(const char* iTrace)
 {
     return ZrvRC(ZrvRC::zrvEC_Error, iTrace);
 }
 
+ZrvRC OkIf(bool iSucceeded)
+{
+    return iSucceeded ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
+}
+
+bool IsAvailable(ZrvProperties::PropertyAvailability iAvailability, int iLine = __builtin_LINE())
+{
+    return g_check.Holds(iAvailability != ZrvProperties::zrvPA_Unavailable,
+                         "ZrvProperties::zrvPA_Unavailable!=propertyAvailability", iLine);
+}
+
 } // namespace
 
 ZrvPropertiesData::ZrvPropertiesData(ZrvConstPropertiesPrototype* iPrototype) : m_pPrototype(iPrototype) {}
 
-// Delegates, so that the destructor cleans up when copying throws half-way.
-ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource) : ZrvPropertiesData(nullptr)
-{
-    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
-    m_pPrototype = iSource.m_pPrototype;
-    for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
-        if (source.key.GetLengthInChar() > 0 && source.value) {
-            NewProperty copy{m_propertyMap.MakeEntry(source.key, nullptr), nullptr};
-            copy.property = source.value->DuplicateIn(PropertyMap::RoomOf(*copy.entry));
-            Insert_Int(copy);
-        }
-    }
-}
-
 ZrvPropertiesData::~ZrvPropertiesData()
 {
-    m_pPrototype = nullptr;
-    RemoveAllProperties_Int();
+    // What goes may use this set. It finds an empty one; what it adds goes with the next round.
+    while (m_pPrototype || m_propertyMap.Size() > 0) {
+        ZrvPropertiesContents contents;
+        GiveUpAll_Int(contents);
+    }
 }
 
-ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource)
+void ZrvPropertiesData::GiveUpAll_Int(ZrvPropertiesContents& oGivenUp)
 {
-    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
-    if (&iSource != this) {
-        m_pPrototype = nullptr; // what calls back while the properties go finds a free set, as in the destructor
-        RemoveAllProperties_Int();
-        m_pPrototype = iSource.m_pPrototype;
-        SetFromProperties_Int(iSource);
+    oGivenUp.prototype = std::move(m_pPrototype);
+    if (m_propertyMap.MoveAllTo(oGivenUp.map)) {
+        m_propertyPool.Swap(oGivenUp.pool);
+    } else {
+        ZrvPropertiesContents::DestroyAll(m_propertyMap, m_propertyPool);
     }
-    return *this;
 }
 
-// What a property lets go of may be the host's, and may call back into this set when it goes. It then finds an empty
-// set; what it adds goes with the next round.
-void ZrvPropertiesData::RemoveAllProperties_Int()
+void ZrvPropertiesData::TakeAll_Int(ZrvPropertiesContents& ioContents)
 {
-    bool hasRemoved = true;
-    while (hasRemoved) {
-        hasRemoved = false;
-        m_propertyMap.TakeAll([&hasRemoved](PropertyMap::EntryHolder iEntry) {
-            const std::unique_ptr<ZrvProperty> property(std::exchange(iEntry->value, nullptr));
-            hasRemoved = true;
-        });
+    m_pPrototype = std::move(ioContents.prototype);
+    if (ioContents.map.MoveAllTo(m_propertyMap)) {
+        m_propertyPool.Swap(ioContents.pool);
     }
-    m_propertyMap.RemoveAll();
 }
 
 ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) const
@@ -80,73 +64,77 @@ ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) 
     return property ? *property : nullptr;
 }
 
-bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
-                                        ZrvConstPropertiesPrototype* iPropertyPrototype)
+const ZrvPrototypeImpl* ZrvPropertiesData::PlainPrototype_Int() const
 {
-    NewProperty made{m_propertyMap.MakeEntry(iPropertyName, nullptr), nullptr};
-    made.property = ZrvProperty::CreateIn(PropertyMap::RoomOf(*made.entry), iPropertyType, iPropertyPrototype);
-    if (!made.property) {
+    return m_pPrototype ? ZrvPrototypeImpl::OfExactly(*m_pPrototype.Get()) : nullptr;
+}
+
+bool ZrvPropertiesData::IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const
+{
+    if (!m_pPrototype) {
+        return true;
+    }
+    if (const ZrvPrototypeImpl* const prototype = PlainPrototype_Int()) {
+        return prototype->GetPropertyDefinition(iPropertyName) != nullptr;
+    }
+    return ioGivenUp.Hold(m_pPrototype.Get())->HasProperty(iPropertyName).IsValid();
+}
+
+bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+                                        ZrvProperty::Prototype& ioPropertyPrototype)
+{
+    const ZrvValueClass* const valueClass = ZrvValueClass::Find(iPropertyType);
+    if (!valueClass) {
         return false;
     }
-    Insert_Int(made);
+    ZrvPropertiesContents::Pool::Owner property = m_propertyPool.Make(*valueClass);
+    const int added = m_propertyMap.Add(iPropertyName, property.get());
+    if (added == 0) { // there is an entry, which may lack a property
+        ZrvProperty*& held = *m_propertyMap.Locate(iPropertyName);
+        if (held) {
+            return true;
+        }
+        held = property.get();
+    }
+    if (added >= 0) {
+        property->SetPrototype(std::move(ioPropertyPrototype));
+        static_cast<void>(property.release());
+    }
     return true;
 }
 
-void ZrvPropertiesData::Insert_Int(NewProperty& ioNew)
+ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const KELUnicodeString& iPropertyName,
+                                                                           ZrvGivenUp& ioGivenUp) const
 {
-    ioNew.entry->value = ioNew.property.get();
-    switch (m_propertyMap.InsertEntry(ioNew.entry)) {
-    case 1:
-        static_cast<void>(ioNew.property.release());
-        break;
-    case 0: // there is an entry, which may lack a property
-        if (!Find_Int(ioNew.entry->key)) {
-            std::unique_ptr<ZrvProperty> copy(ioNew.property->Duplicate());
-            m_propertyMap.Insert(ioNew.entry->key, copy.get());
-            static_cast<void>(copy.release());
-        }
-        break;
-    default:
-        break;
-    }
-}
-
-ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const KELUnicodeString& iPropertyName) const
-{
-    if (!CheckName(iPropertyName)) {
+    if (!g_check.HasName(iPropertyName)) {
         return ZrvProperties::zrvPA_Unavailable;
     }
     if (ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName)) {
         return *property ? ZrvProperties::zrvPA_Instantiated : ZrvProperties::zrvPA_Available;
     }
-    return IsDeclared_Int(iPropertyName) ? ZrvProperties::zrvPA_Available : ZrvProperties::zrvPA_Unavailable;
-}
-
-bool ZrvPropertiesData::IsDeclared_Int(const KELUnicodeString& iPropertyName) const
-{
-    return !m_pPrototype || m_pPrototype->HasProperty(iPropertyName).IsValid();
+    return IsDeclared_Int(iPropertyName, ioGivenUp) ? ZrvProperties::zrvPA_Available : ZrvProperties::zrvPA_Unavailable;
 }
 
 ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
-                                         ZrvConstPropertiesPrototype* iPropertyPrototype)
+                                         ZrvProperty::Prototype& ioPropertyPrototype, ZrvGivenUp& ioGivenUp)
 {
     if (!g_check.Holds(!m_pPrototype, "!m_pPrototype")) {
         return Failure("AddProperty: Wrong call, should not have prototype.");
     }
-    if (!CheckName(iPropertyName)) {
+    if (!g_check.HasName(iPropertyName)) {
         return Failure("AddProperty: Missing propertyName");
     }
-    if (!g_check.Holds(iPropertyType.GetLengthInChar() > 0, ZrvCheck_TypeNameIsThere)) {
+    if (!g_check.HasTypeName(iPropertyType)) {
         return Failure("AddProperty: Missing propertyType");
     }
-    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName);
-    if (!g_check.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable, g_isAvailable)) {
+    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
+    if (!IsAvailable(propertyAvailability)) {
         return Failure("AddProperty: property not available");
     }
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
         return ZrvRC::zrvEC_OK;
     }
-    if (!Instantiate_Int(iPropertyName, iPropertyType, iPropertyPrototype)) {
+    if (!Instantiate_Int(iPropertyName, iPropertyType, ioPropertyPrototype)) {
         return Failure("AddProperty: property not instanciated");
     }
     if (!g_check.IsThere(m_propertyMap.Locate(iPropertyName) != nullptr, "ppProperty")) {
@@ -155,143 +143,107 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, 
     return ZrvRC::zrvEC_OK;
 }
 
-ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName)
+ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp)
 {
-    if (!g_check.IsThere(static_cast<bool>(m_pPrototype), "m_pPrototype") || !CheckName(iPropertyName)) {
+    if (!g_check.IsThere(static_cast<bool>(m_pPrototype), "m_pPrototype") || !g_check.HasName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
-    const ZrvPropertyDefinition* definition = GetPlainDefinition_Int(iPropertyName);
-    if (definition && definition->PeekType().GetLengthInChar() > 0 && !m_propertyMap.Contains(iPropertyName)) {
-        return Instantiate_Int(iPropertyName, definition->PeekType(), definition->PeekPrototype()) ? ZrvRC::zrvEC_OK
-                                                                                                   : ZrvRC::zrvEC_Error;
+    const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
+    const ZrvPropertyDefinition* const declared = prototype ? prototype->GetPropertyDefinition(iPropertyName) : nullptr;
+    if (declared && !declared->PeekPrototype() && !m_propertyMap.Contains(iPropertyName)) {
+        ZrvProperty::Prototype none;
+        return OkIf(Instantiate_Int(iPropertyName, declared->PeekType(), none));
     }
-    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName);
-    if (!g_check.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable, g_isAvailable)) {
+    return AddAsAnswered_Int(iPropertyName, ioGivenUp);
+}
+
+ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp)
+{
+    ZrvConstPropertiesPrototype* const prototype = ioGivenUp.Hold(m_pPrototype.Get());
+    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
+    if (!IsAvailable(propertyAvailability)) {
         return ZrvRC::zrvEC_Error;
     }
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
         return ZrvRC::zrvEC_OK;
     }
-    const KELUnicodeString propertyType = m_pPrototype->GetPropertyType(iPropertyName);
+    const KELUnicodeString propertyType = prototype->GetPropertyType(iPropertyName);
     if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "propertyType.GetLengthInChar()>0")) {
         return ZrvRC::zrvEC_Error;
     }
-    const auto propertyPrototype =
-        KELReference<ZrvConstPropertiesPrototype>::Adopt(m_pPrototype->GetPropertyPrototype(iPropertyName));
-    return Instantiate_Int(iPropertyName, propertyType, propertyPrototype.Get()) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
-}
-
-const ZrvPropertyDefinition* ZrvPropertiesData::GetPlainDefinition_Int(const KELUnicodeString& iPropertyName) const
-{
-    const ZrvConstPropertiesPrototype& prototype = *m_pPrototype.Get();
-    if (typeid(prototype) != typeid(ZrvPrototypeImpl)) {
-        return nullptr;
-    }
-    const auto& definitions = static_cast<const ZrvPrototypeImpl&>(prototype).m_properties;
-    return definitions ? std::as_const(*definitions).Locate(iPropertyName) : nullptr;
+    ioGivenUp.MakeRoom(1);
+    auto propertyPrototype = ZrvProperty::Prototype::Adopt(prototype->GetPropertyPrototype(iPropertyName));
+    // What has been answered counts no more if the set follows another prototype by now.
+    const bool isAdded =
+        m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
+    ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(propertyPrototype.Detach()));
+    return OkIf(isAdded);
 }
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
 {
-    if (!CheckName(iPropertyName)) {
+    if (!g_check.HasName(iPropertyName)) {
         return KELUnicodeString();
     }
     const ZrvProperty* property = Find_Int(iPropertyName);
     return property ? property->GetType() : KELUnicodeString();
 }
 
-ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue,
+                                         ZrvValueHolder& oGivenUp)
 {
-    if (!CheckName(iPropertyName) || !g_check.Holds(iValue.GetType().GetLengthInChar() > 0, ZrvCheck_ValueHasType)) {
+    if (!g_check.HasName(iPropertyName) || !g_check.HasType(iValue)) {
         return ZrvRC::zrvEC_Error;
     }
-    ZrvProperty* property = Find_Int(iPropertyName);
-    return property ? property->SetValue(iValue) : ZrvRC(ZrvRC::zrvEC_Error);
-}
-
-ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource)
-{
-    int index = 0;
-    for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
-        ZrvRC rc = CheckCopy_Int(source, m_propertyMap.LocateNear(index++, source.key));
-        if (rc.IsError()) {
-            return rc;
-        }
-    }
-    ZrvRC result = ZrvRC::zrvEC_Error;
-    index = 0;
-    for (const PropertyMap::Entry& source : iSource.m_propertyMap.Entries()) {
-        ZrvProperty* const* held = m_propertyMap.LocateNear(index++, source.key);
-        if (source.value && source.value->GetValue()) {
-            result = CopyProperty_Int(source, held);
-            if (result.IsError()) {
-                return result;
-            }
-        }
-    }
-    return result;
-}
-
-// Whether another set's property can be copied to where this one holds its name, as far as can be told without changing
-// anything.
-ZrvRC ZrvPropertiesData::CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld) const
-{
-    if (!g_check.Holds(iSource.key.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
-        return Failure("Property without name.");
-    }
-    if (iHeld && *iHeld && iSource.value && (*iHeld)->IsPlainLike(*iSource.value)) {
-        return ZrvRC::zrvEC_OK;
-    }
-    const KELUnicodeString propertyType = iSource.value ? iSource.value->GetType() : KELUnicodeString();
-    if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
-        return Failure("Property without type.");
-    }
-    if (!g_check.IsThere(iSource.value->GetValue() != nullptr, "pInputPropertyValue")) {
-        return Failure("Property without value.");
-    }
-    if (!iHeld) {
-        return IsDeclared_Int(iSource.key) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
-    }
-    return *iHeld && propertyType.Compare((*iHeld)->GetType()) == 2 ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
-}
-
-ZrvRC ZrvPropertiesData::CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld)
-{
-    const ZrvPropertyValueBase& value = *iSource.value->GetValue();
-    if (iHeld && *iHeld && (*iHeld)->AssignPlain(value)) {
-        return ZrvRC::zrvEC_OK;
-    }
-    if (!iHeld) {
-        ZrvRC rc = m_pPrototype ? AddProperty_Int(iSource.key)
-                                : AddProperty_Int(iSource.key, iSource.value->GetType(), nullptr);
-        if (!g_check.Holds(!rc.IsError(), "!(rc.IsError())")) {
-            return Failure(rc.Dump());
-        }
-    }
-    const bool isSet = !SetProperty_Int(iSource.key, value).IsError();
-    if (!g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )")) {
+    ZrvProperty* const property = Find_Int(iPropertyName);
+    if (!property) {
         return ZrvRC::zrvEC_Error;
     }
+    const ZrvValueClass* const valueClass = property->ValueClass();
+    if (!valueClass) {
+        return property->SetValue(iValue);
+    }
+    const bool isOfType = iValue.GetType().GetLengthInChar() > 0 && valueClass->TypeName() == iValue.GetType();
+    if (!isOfType || !oGivenUp.MakeAnswer(*valueClass, iValue)) {
+        return ZrvProperty::RefuseValue();
+    }
+    return SwapValue_Int(iPropertyName, oGivenUp);
+}
+
+ZrvRC ZrvPropertiesData::SwapValue_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue)
+{
+    ZrvProperty* const property = Find_Int(iPropertyName);
+    if (!property) {
+        return ZrvRC::zrvEC_Error;
+    }
+    if (!ioValue.Class() || property->ValueClass() != ioValue.Class()) {
+        return ZrvProperty::RefuseValue();
+    }
+    property->SwapValue(ioValue);
     return ZrvRC::zrvEC_OK;
 }
 
 ZrvRC ZrvPropertiesData::AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                      ZrvConstPropertiesPrototype* iPropertyPrototype)
 {
+    ZrvProperty::Prototype propertyPrototype(iPropertyPrototype);
+    ZrvGivenUp givenUp;
     const ZrvLock lock(m_mutex);
-    return AddProperty_Int(iPropertyName, iPropertyType, iPropertyPrototype);
+    return AddProperty_Int(iPropertyName, iPropertyType, propertyPrototype, givenUp);
 }
 
 ZrvRC ZrvPropertiesData::AddProperty(const KELUnicodeString& iPropertyName)
 {
+    ZrvGivenUp givenUp;
     const ZrvLock lock(m_mutex);
-    return AddProperty_Int(iPropertyName);
+    return AddProperty_Int(iPropertyName, givenUp);
 }
 
 ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability(const KELUnicodeString& iPropertyName) const
 {
+    ZrvGivenUp givenUp;
     const ZrvLock lock(m_mutex);
-    return GetAvailability_Int(iPropertyName);
+    return GetAvailability_Int(iPropertyName, givenUp);
 }
 
 int ZrvPropertiesData::HasProperty(const KELUnicodeString& iPropertyName) const
@@ -305,9 +257,10 @@ int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) con
     const ZrvLock lock(m_mutex);
     ioList.Reserve(ioList.Size() + m_propertyMap.Size());
     int count = 0;
-    for (const PropertyMap::Entry& entry : m_propertyMap.Entries()) {
-        if (entry.key.GetLengthInChar() > 0) {
-            ioList.Append(entry.key);
+    for (int i = 0; i < m_propertyMap.Size(); ++i) {
+        const PropertyMap::Entry* const entry = m_propertyMap.At(i);
+        if (entry && entry->key.GetLengthInChar() > 0) {
+            ioList.Append(entry->key);
             ++count;
         }
     }
@@ -317,8 +270,9 @@ int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) con
 bool ZrvPropertiesData::HasNames() const
 {
     const ZrvLock lock(m_mutex);
-    for (const PropertyMap::Entry& entry : m_propertyMap.Entries()) {
-        if (entry.key.GetLengthInChar() > 0) {
+    for (int i = 0; i < m_propertyMap.Size(); ++i) {
+        const PropertyMap::Entry* const entry = m_propertyMap.At(i);
+        if (entry && entry->key.GetLengthInChar() > 0) {
             return true;
         }
     }
@@ -328,7 +282,7 @@ bool ZrvPropertiesData::HasNames() const
 const ZrvPropertyValueBase* ZrvPropertiesData::GetProperty(const KELUnicodeString& iPropertyName) const
 {
     const ZrvLock lock(m_mutex);
-    if (!CheckName(iPropertyName)) {
+    if (!g_check.HasName(iPropertyName)) {
         return nullptr;
     }
     const ZrvProperty* property = Find_Int(iPropertyName);
@@ -344,7 +298,7 @@ KELUnicodeString ZrvPropertiesData::GetPropertyType(const KELUnicodeString& iPro
 ZrvProperties* ZrvPropertiesData::GetPropertyParameters(const KELUnicodeString& iPropertyName) const
 {
     const ZrvLock lock(m_mutex);
-    if (!CheckName(iPropertyName)) {
+    if (!g_check.HasName(iPropertyName)) {
         return nullptr;
     }
     ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName);
@@ -363,19 +317,23 @@ ZrvConstPropertiesPrototype* ZrvPropertiesData::GetPrototype() const
 
 ZrvRC ZrvPropertiesData::SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
 {
+    ZrvValueHolder givenUp;
     const ZrvLock lock(m_mutex);
-    return SetProperty_Int(iPropertyName, iValue);
+    return SetProperty_Int(iPropertyName, iValue, givenUp);
 }
 
-bool ZrvPropertiesData::AssignPlain(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+bool ZrvPropertiesData::AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
 {
+    ZrvValueHolder givenUp;
     const ZrvLock lock(m_mutex);
-    ZrvProperty* property = Find_Int(iPropertyName);
-    return property && property->AssignPlain(iValue);
-}
-
-ZrvRC ZrvPropertiesData::SetFromProperties(const ZrvPropertiesData& iSource)
-{
-    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
-    return SetFromProperties_Int(iSource);
+    ZrvProperty* const property = Find_Int(iPropertyName);
+    if (!property || !property->HasClassOf(iValue)) {
+        return false;
+    }
+    if (!property->ValueClass()->HasObjects()) {
+        property->Assign(iValue);
+        return true;
+    }
+    givenUp.MakeCopy(*property->ValueClass(), iValue); // may call the host
+    return !SwapValue_Int(iPropertyName, givenUp).IsError();
 }

@@ -4,18 +4,16 @@
 #include "KELListValKELUnicodeString.h"
 #include "KELMutex.h"
 #include "KELReference.h"
-#include "KELSYPHashMap.h"
 #include "KELThreadSafety.h"
 #include "KELUnicodeString.h"
 #include "ZrvConstPropertiesPrototype.h"
+#include "ZrvGivenUp.h"
 #include "ZrvProperties.h"
 #include "ZrvProperty.h"
 #include "ZrvPropertyValueBase.h"
 #include "ZrvRC.h"
 
-#include <memory>
-
-class ZrvPropertyDefinition;
+class ZrvPrototypeImpl;
 
 /// The data behind one property set: the properties by name, the prototype and the lock.
 ///
@@ -23,6 +21,10 @@ class ZrvPropertyDefinition;
 /// operations answer as those of `ZrvProperties` do, which checks the arguments before them. Thread-safe: each
 /// operation holds the lock for its whole run, a copy the locks of both sets. Those that end in `_Int` run with the
 /// lock held.
+///
+/// What an operation asks of the host (prototypes, values, counts of objects, the handler of failed checks) may change
+/// this set meanwhile. So an operation asks first and looks up afterwards: no pointer into the map is used behind a call
+/// to the host. What leaves the set goes after the lock, in a `ZrvGivenUp` or a `ZrvPropertiesContents`.
 class ZrvPropertiesData {
 public:
     /// An empty set; takes a reference on the prototype, which may be null.
@@ -49,53 +51,72 @@ public:
     ZrvConstPropertiesPrototype* GetPrototype() const;
     ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
 
-    /// Does what `SetProperty` does, if the set holds the name with a value of the same plain class; else nothing, and
+    /// Does what `SetProperty` does, if the set holds the name with a value of exactly that class; else nothing, and
     /// gives false. The short cut of nearly all calls: such a value passes every check on the long way.
-    bool AssignPlain(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
+    bool AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
     ZrvRC SetFromProperties(const ZrvPropertiesData& iSource);
 
 private:
-    using PropertyMap = KELSYPHashMap<KELUnicodeString, ZrvProperty*>;
-
-    /// A property on its way into the map. It lies in the room behind the entry, and so is destroyed before it.
-    struct NewProperty {
-        PropertyMap::EntryHolder entry;
-        std::unique_ptr<ZrvProperty> property;
-    };
+    using PropertyMap = ZrvPropertiesContents::Map;
 
     ZrvRC AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
-                          ZrvConstPropertiesPrototype* iPropertyPrototype) KEL_REQUIRES(m_mutex);
-    ZrvRC AddProperty_Int(const KELUnicodeString& iPropertyName) KEL_REQUIRES(m_mutex);
-    ZrvProperties::PropertyAvailability GetAvailability_Int(const KELUnicodeString& iPropertyName) const
-        KEL_REQUIRES(m_mutex);
+                          ZrvProperty::Prototype& ioPropertyPrototype, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
+    ZrvRC AddProperty_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
+    ZrvRC AddAsAnswered_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
+    ZrvProperties::PropertyAvailability GetAvailability_Int(const KELUnicodeString& iPropertyName,
+                                                            ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
     KELUnicodeString GetPropertyType_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
-    ZrvRC SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+    ZrvRC SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue,
+                          ZrvValueHolder& oGivenUp) KEL_REQUIRES(m_mutex);
+
+    /// Exchanges a property's value with one of the same class; an error, after a report, for any other class, and for a
+    /// name that is not held.
+    ZrvRC SwapValue_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue) KEL_REQUIRES(m_mutex);
+
+    ZrvRC SetFromProperties_Int(const ZrvPropertiesData& iSource, ZrvGivenUp& ioGivenUp)
+        KEL_REQUIRES(m_mutex, iSource.m_mutex);
+    ZrvRC CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
+    ZrvRC CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
+    ZrvRC PutCopy_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue, ZrvGivenUp& ioGivenUp)
         KEL_REQUIRES(m_mutex);
-    ZrvRC SetFromProperties_Int(const ZrvPropertiesData& iSource) KEL_REQUIRES(m_mutex, iSource.m_mutex);
-    ZrvRC CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld) const KEL_REQUIRES(m_mutex);
-    ZrvRC CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvProperty* const* iHeld) KEL_REQUIRES(m_mutex);
-    void RemoveAllProperties_Int() KEL_REQUIRES(m_mutex);
+
+    /// Makes copies of all properties without asking one by one whether they may be there.
+    /// \param iIsAssigned a copy has the nested prototype that is declared, and no parameters
+    /// @{
+    void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    void CopyEntryTo_Int(ZrvPropertiesContents& oCopy, int iIndex, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    /// @}
+
+    /// Whether an assignment from this set may copy all properties: each has the type that its declaration gives.
+    bool IsAsDeclared_Int() const KEL_REQUIRES(m_mutex);
+
+    /// Move everything out of the set, which is then free and empty, or into such a set. Call no host.
+    /// @{
+    void GiveUpAll_Int(ZrvPropertiesContents& oGivenUp) KEL_REQUIRES(m_mutex);
+    void TakeAll_Int(ZrvPropertiesContents& ioContents) KEL_REQUIRES(m_mutex);
+    /// @}
 
     /// The property of that name, or null.
     ZrvProperty* Find_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
 
+    /// The property with the name of another set's entry, if it has the same class of value; iIndex guesses where.
+    ZrvProperty* FindLike_Int(const PropertyMap::Entry& iSource, int iIndex) const KEL_REQUIRES(m_mutex);
+
+    /// The prototype if it is of exactly the library's class, which can be read at once; null for any other, which has
+    /// answers of its own, and for a free set.
+    const ZrvPrototypeImpl* PlainPrototype_Int() const KEL_REQUIRES(m_mutex);
+
     /// Whether the prototype allows the name; a free set allows any.
-    bool IsDeclared_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
+    bool IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
 
-    /// What a prototype of exactly the library's class declares of the name, which saves three questions; null for any
-    /// other prototype, which has answers of its own, and for a name that is not declared.
-    const ZrvPropertyDefinition* GetPlainDefinition_Int(const KELUnicodeString& iPropertyName) const
-        KEL_REQUIRES(m_mutex);
-
-    /// Makes a default property and puts it under the name; false for an unknown type name. A map that takes no more
-    /// entries, which reports that itself, leaves no property behind.
+    /// Makes a default property and puts it under a name that has none; false for an unknown type name. Calls no host. A
+    /// map that takes no more entries, which reports that itself, leaves no property behind.
+    /// \param ioPropertyPrototype is given to the property; stays as it is when there is no new one
     bool Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
-                         ZrvConstPropertiesPrototype* iPropertyPrototype) KEL_REQUIRES(m_mutex);
+                         ZrvProperty::Prototype& ioPropertyPrototype) KEL_REQUIRES(m_mutex);
 
-    /// Gives a property to the map; a map that has one of that name, or takes no more, leaves it where it is.
-    void Insert_Int(NewProperty& ioNew) KEL_REQUIRES(m_mutex);
-
-    PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex){sizeof(ZrvProperty)}; // each property behind its entry
+    ZrvPropertiesContents::Pool m_propertyPool KEL_GUARDED_BY(m_mutex); // where the properties lie
+    PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex);
     KELReference<ZrvConstPropertiesPrototype> m_pPrototype KEL_GUARDED_BY(m_mutex);
     mutable KELMutex m_mutex{0, 1, 0};
 };

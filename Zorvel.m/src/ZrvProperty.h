@@ -7,32 +7,27 @@
 #include "ZrvProperties.h"
 #include "ZrvPropertyValueBase.h"
 #include "ZrvRC.h"
+#include "ZrvValueClass.h"
 
-#include <cstddef>
 #include <memory>
-#include <new>
-
-struct ZrvValueMaker;
-
-/// Destroys a value: one that a maker placed into its property's room, or one with memory of its own.
-struct ZrvValueDeleter {
-    void operator()(ZrvPropertyValueBase* iValue) const noexcept;
-
-    const ZrvValueMaker* placedBy = nullptr;
-};
 
 /// One property of a set: its value, its nested set of parameters and a reference on its nested prototype.
 ///
-/// The value is made once and then assigned in place, so its type and its address last as long as the property. A
-/// default value lies inside the property and the property, if its maker offers the room, inside a larger allocation;
-/// `delete` does what is right for each. Not changed by one thread while another uses it.
+/// The value is made once and then assigned in place, so its type and its address last as long as the property.
+/// Thread-compatible.
 class ZrvProperty {
 public:
-    /// Bytes for the largest of the nine values.
-    static constexpr std::size_t kValueRoom = 2 * sizeof(void*);
+    using Prototype = KELReference<ZrvConstPropertiesPrototype>;
 
     /// A property without a value; takes a reference on the prototype, which may be null.
     explicit ZrvProperty(ZrvConstPropertiesPrototype* iPropertyPrototype);
+
+    /// A property with the default value of a class. Calls no host.
+    explicit ZrvProperty(const ZrvValueClass& iClass);
+
+    /// A property with a copy of a value, which is read no more once the host has been called.
+    explicit ZrvProperty(const ZrvValueHolder& iValue);
+
     ZrvProperty(const ZrvProperty&) = delete;
     ZrvProperty& operator=(const ZrvProperty&) = delete;
     virtual ~ZrvProperty();
@@ -48,15 +43,39 @@ public:
     /// duplicate, whatever its type.
     ZrvRC SetValue(const ZrvPropertyValueBase& iValue);
 
-    /// Assigns a value of exactly the class that the property made for itself, which needs no question about types.
-    /// Whatever is not recognised as such changes nothing and gives false: it is for `SetValue`, after all checks.
-    bool AssignPlain(const ZrvPropertyValueBase& iValue);
+    /// Reports what `SetValue` reports for a value of another type.
+    static ZrvRC RefuseValue();
 
-    /// Whether both properties made their values themselves, of the same type. False says nothing.
-    bool IsPlainLike(const ZrvProperty& iOther) const { return Maker() && Maker() == iOther.Maker(); }
+    /// The class of the value if it is one of the nine; else null.
+    const ZrvValueClass* ValueClass() const { return m_value.Class(); }
+
+    /// Whether a value is of exactly the same class as this one's. False says nothing.
+    /// @{
+    bool HasClassOf(const ZrvPropertyValueBase& iValue) const { return ValueClass() && ValueClass()->IsClassOf(iValue); }
+    bool HasSameClass(const ZrvProperty& iOther) const { return ValueClass() && ValueClass() == iOther.ValueClass(); }
+    /// @}
+
+    /// Assigns a value of the same class, which has no objects. Calls no host.
+    void Assign(const ZrvPropertyValueBase& iValue) { ValueClass()->assign(*m_value.get(), iValue); }
+
+    /// Exchanges the value with one of the same class. Calls no host.
+    void SwapValue(ZrvValueHolder& ioValue) { m_value.Swap(ioValue); }
 
     /// The value, owned by the property; null without one.
     const ZrvPropertyValueBase* GetValue() const { return m_value.get(); }
+    const ZrvValueHolder& Value() const { return m_value; }
+
+    /// The nested prototype, owned by the property; may be null.
+    ZrvConstPropertiesPrototype* PeekPrototype() const { return m_pPropertyPrototype.Get(); }
+
+    /// A copy of the nested set of parameters, or null.
+    std::unique_ptr<ZrvProperties> CopyParameters() const;
+
+    /// Give a new property its nested prototype and its parameters. Call no host.
+    /// @{
+    void SetPrototype(Prototype ioPrototype) noexcept { m_pPropertyPrototype = std::move(ioPrototype); }
+    void SetParameters(std::unique_ptr<ZrvProperties> ioParameters) noexcept { m_pParameters = std::move(ioParameters); }
+    /// @}
 
     /// Stores a copy of the nested set, which the caller deletes, or null when there is none. *opProperties must be
     /// null.
@@ -68,29 +87,10 @@ public:
     static ZrvRC CreateProperty(const KELUnicodeString& iPropertyType, ZrvProperty*& oProperty,
                                 ZrvConstPropertiesPrototype* iPropertyPrototype);
 
-    /// The same, and the same as `Duplicate`, in sizeof(ZrvProperty) bytes that the caller owns and keeps until the
-    /// property is deleted. Null for an unknown type name and for a property without a value.
-    /// @{
-    static std::unique_ptr<ZrvProperty> CreateIn(void* iRoom, const KELUnicodeString& iPropertyType,
-                                                 ZrvConstPropertiesPrototype* iPropertyPrototype);
-    std::unique_ptr<ZrvProperty> DuplicateIn(void* iRoom) const;
-    /// @}
-
-    /// Destroys a property, and frees its memory unless it lies in somebody else's.
-    static void operator delete(ZrvProperty* iProperty, std::destroying_delete_t);
-
 private:
-    static std::unique_ptr<ZrvProperty> MakeIn(void* iRoom, ZrvConstPropertiesPrototype* iPropertyPrototype);
-    void CopyValue(const ZrvProperty& iOther);
-
-    /// What placed the value into this property; null for a value with memory of its own and without one.
-    const ZrvValueMaker* Maker() const { return m_value ? m_value.get_deleter().placedBy : nullptr; }
-
-    std::unique_ptr<ZrvPropertyValueBase, ZrvValueDeleter> m_value;
+    ZrvValueHolder m_value;
     std::unique_ptr<ZrvProperties> m_pParameters;
-    KELReference<ZrvConstPropertiesPrototype> m_pPropertyPrototype;
-    bool m_isInRoom = false;
-    alignas(void*) std::byte m_valueRoom[kValueRoom];
+    Prototype m_pPropertyPrototype;
 };
 
 #endif

@@ -18,7 +18,7 @@ ZrvRC ZrvPropertyDefinition::SetType(const KELUnicodeString& iType)
     if (iType.GetLengthInChar() < 1) {
         return ZrvRC::zrvEC_Error;
     }
-    if (m_type.GetLengthInChar() > 0 && iType.Compare(m_type) != 2) {
+    if (m_type.GetLengthInChar() > 0 && iType != m_type) {
         return ZrvRC(ZrvRC::zrvEC_Error, "Value type of property is already defined.");
     }
     m_type = iType;

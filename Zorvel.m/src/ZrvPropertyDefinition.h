@@ -7,6 +7,8 @@
 #include "ZrvPropertyType.h"
 #include "ZrvRC.h"
 
+#include <utility>
+
 /// What a prototype knows of one property: its value type's name and its nested prototype, if it has one.
 ///
 /// Each of the two is set once, by the constructor or a setter; a setter refuses to replace what is set. Not changed by
@@ -16,7 +18,9 @@ public:
     /// Keeps a copy of the type name and a reference of its own on the prototype, which may be null.
     ZrvPropertyDefinition(const KELUnicodeString& iType, ZrvConstPropertiesPrototype* iPropertyPrototype);
     ZrvPropertyDefinition(const ZrvPropertyDefinition&) = default;
+    ZrvPropertyDefinition(ZrvPropertyDefinition&&) = default;
     ZrvPropertyDefinition& operator=(const ZrvPropertyDefinition&) = default;
+    ZrvPropertyDefinition& operator=(ZrvPropertyDefinition&&) = default;
     virtual ~ZrvPropertyDefinition() = default;
 
     /// Sets the type name; an error for an empty name and, with a trace, for one that differs from the name that is
@@ -38,6 +42,9 @@ public:
     const KELUnicodeString& PeekType() const { return m_type; }
     ZrvConstPropertiesPrototype* PeekPrototype() const { return m_pPropertyPrototype.Get(); }
     /// @}
+
+    /// Gives the nested prototype up.
+    KELReference<ZrvConstPropertiesPrototype> TakePrototype() noexcept { return std::move(m_pPropertyPrototype); }
 
 private:
     KELUnicodeString m_type;

@@ -1,37 +1,85 @@
 #include "ZrvPrototypeImpl.h"
 
+#include "KELReference.h"
 #include "KELSYPHashMap.h"
 #include "ZrvCheck.h"
+#include "ZrvIsExactly.h"
 #include "ZrvPropertyDefinition.h"
 #include "ZrvPropertyTypeConv.h"
 
 #include <utility>
+#include <vector>
 
 namespace {
+
 constexpr ZrvCheck g_check("ZrvPrototypeImpl");
-constexpr char g_mapIsThere[] = "m_properties";
+
+using DefinitionMap = KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>;
+
+bool HasMap(const std::unique_ptr<DefinitionMap>& iMap, int iLine = __builtin_LINE())
+{
+    return g_check.IsThere(iMap != nullptr, "m_properties", iLine);
+}
+
+// Prototypes on their way out, so that a chain of them goes by a loop and not by as many nested calls.
+using Going = std::vector<KELReference<ZrvConstPropertiesPrototype>>;
+
+// Moves the nested prototypes out of a map that nobody will read any more. Those that find no room stay and go with it.
+void TakeNested(DefinitionMap& ioMap, Going& oGoing) noexcept
+{
+    try {
+        for (int i = 0; i < ioMap.Size(); ++i) {
+            DefinitionMap::Entry* const entry = ioMap.At(i);
+            if (entry && entry->value.PeekPrototype()) {
+                oGoing.emplace_back();
+                oGoing.back() = entry->value.TakePrototype();
+            }
+        }
+    } catch (...) { // NOLINT(bugprone-empty-catch): as said above
+    }
+}
+
+bool IsLastReference(ZrvPrototypeImpl& iPrototype)
+{
+    iPrototype.AddRef();
+    return iPrototype.Release() == 1;
+}
+
 } // namespace
 
-ZrvConstPropertiesPrototype::ZrvConstPropertiesPrototype() : KELSysTSBaseUnknown(1) {}
-
-ZrvConstPropertiesPrototype::ZrvConstPropertiesPrototype(const ZrvConstPropertiesPrototype& /*iOther*/)
-    : KELSysTSBaseUnknown(1)
-{
-}
-
-ZrvConstPropertiesPrototype::~ZrvConstPropertiesPrototype() = default;
-
 ZrvPrototypeImpl::ZrvPrototypeImpl()
-    : m_properties(std::make_unique<KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>>())
+    : m_properties(std::make_unique<DefinitionMap>())
 {
 }
 
-ZrvPrototypeImpl::~ZrvPrototypeImpl() = default;
+ZrvPrototypeImpl::~ZrvPrototypeImpl()
+{
+    Going going;
+    TakeNested(*m_properties, going);
+    while (!going.empty()) {
+        const auto nested = std::move(going.back());
+        going.pop_back();
+        // Of another class, its own destructor may want to see what it declares.
+        if (ZrvIsExactly<ZrvPrototypeImpl>(*nested.Get())) {
+            auto& prototype = static_cast<ZrvPrototypeImpl&>(*nested.Get());
+            if (IsLastReference(prototype)) {
+                TakeNested(*prototype.m_properties, going);
+            }
+        }
+    }
+}
+
+const ZrvPrototypeImpl* ZrvPrototypeImpl::OfExactly(const ZrvConstPropertiesPrototype& iPrototype)
+{
+    return ZrvIsExactly<ZrvPrototypeImpl>(iPrototype) ? static_cast<const ZrvPrototypeImpl*>(&iPrototype) : nullptr;
+}
 
 ZrvRC ZrvPrototypeImpl::GetListProperties(KELListValKELUnicodeString& ioList) const
 {
-    for (const auto& entry : m_properties->Entries()) {
-        ioList.Append(entry.key);
+    for (int i = 0; i < m_properties->Size(); ++i) {
+        if (const DefinitionMap::Entry* const entry = std::as_const(*m_properties).At(i)) {
+            ioList.Append(entry->key);
+        }
     }
     return ZrvRC::zrvEC_OK;
 }
@@ -62,7 +110,7 @@ ZrvConstPropertiesPrototype* ZrvPrototypeImpl::GetPropertyPrototype(const KELUni
 ZrvRC ZrvPrototypeImpl::AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                     ZrvConstPropertiesPrototype* iPropertyPrototype)
 {
-    if (!g_check.IsThere(m_properties != nullptr, g_mapIsThere)) {
+    if (!HasMap(m_properties)) {
         return ZrvRC::zrvEC_Error;
     }
     if (!CheckPropertyNameValidity(iPropertyName) || !CheckPropertyTypeValidity(iPropertyType)) {
@@ -93,7 +141,7 @@ ZrvRC ZrvPrototypeImpl::AddProperty(const KELUnicodeString& iPropertyName, ZrvPr
 
 ZrvRC ZrvPrototypeImpl::RemoveProperty(const KELUnicodeString& iPropertyName)
 {
-    if (!g_check.IsThere(m_properties != nullptr, g_mapIsThere)) {
+    if (!HasMap(m_properties)) {
         return ZrvRC::zrvEC_Error;
     }
     if (!CheckPropertyNameValidity(iPropertyName)) {
@@ -115,7 +163,7 @@ ZrvRC ZrvPrototypeImpl::GetPropertyPrototype(const KELUnicodeString& iPropertyNa
 
 ZrvRC ZrvPrototypeImpl::IsValid()
 {
-    return g_check.IsThere(m_properties != nullptr, g_mapIsThere) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
+    return HasMap(m_properties) ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
 }
 
 int ZrvPrototypeImpl::CheckPropertyNameValidity(const KELUnicodeString& iPropertyName) const
@@ -130,7 +178,7 @@ int ZrvPrototypeImpl::CheckPropertyTypeValidity(const KELUnicodeString& iPropert
 
 const ZrvPropertyDefinition* ZrvPrototypeImpl::GetPropertyDefinition(const KELUnicodeString& iPropertyName) const
 {
-    if (!g_check.IsThere(m_properties != nullptr, g_mapIsThere)) {
+    if (!HasMap(m_properties)) {
         return nullptr;
     }
     return std::as_const(*m_properties).Locate(iPropertyName);

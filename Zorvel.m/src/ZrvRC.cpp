@@ -1,9 +1,15 @@
 #include "ZrvRC.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <new>
 #include <string>
 #include <string_view>
 
 namespace {
+
+constexpr KELShortText g_lineBreak("\n");
 
 struct ResultMessage {
     KELUINT32 result;
@@ -61,12 +67,11 @@ ZrvRC& ZrvRC::Add(const ZrvRC& iOther)
 
 void ZrvRC::MergesTraces(KELUnicodeString& ioTrace, const KELUnicodeString& iAdded)
 {
-    KELUnicodeString merged = ioTrace;
-    if (merged.GetLengthInChar() != 0 && iAdded.GetLengthInChar() != 0) {
-        merged.Append("\n");
+    if (ioTrace.GetLengthInChar() != 0 && iAdded.GetLengthInChar() != 0) {
+        ioTrace.Append(KELUnicodeString(g_lineBreak), iAdded);
+    } else {
+        ioTrace.Append(iAdded);
     }
-    merged.Append(iAdded);
-    ioTrace = merged;
 }
 
 KELUnicodeString ZrvRC::InsertLinesBegin(const KELUnicodeString& iText, KELUnicodeString& iPrefix)
@@ -74,7 +79,14 @@ KELUnicodeString ZrvRC::InsertLinesBegin(const KELUnicodeString& iText, KELUnico
     // Built in one walk over the text, so that a line break in the prefix is never met again.
     const std::string_view text(iText.ConvertToChar(), iText.LengthInBytes());
     const std::string_view prefix(iPrefix.ConvertToChar(), iPrefix.LengthInBytes());
-    std::string lines(prefix);
+    const auto starts = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+    constexpr std::size_t kLongest = std::numeric_limits<int>::max();
+    if (prefix.size() > (kLongest - text.size()) / starts) {
+        throw std::bad_alloc(); // as any string that would be too long; before memory is filled with it
+    }
+    std::string lines;
+    lines.reserve(text.size() + starts * prefix.size());
+    lines += prefix;
     for (const char character : text) {
         lines += character;
         if (character == '\n') {

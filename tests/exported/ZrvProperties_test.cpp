@@ -106,4 +106,33 @@ TEST_F(ZrvPropertiesTest, CallersPrototypesMayAnswerNonsense)
     EXPECT_EQ(OddPrototype(odd).AddRef(), 2U) << "a copy starts with a reference of its own";
 }
 
+TEST_F(ZrvPropertiesTest, WhatASetGivesUpMayCallBackIntoIt)
+{
+    ZrvProperties source;
+    source.AddProperty("n", "KELINT32", nullptr);
+    int gone = 0;
+    ZrvPrototypeImpl nested;
+    {
+        ZrvProperties set;
+        const auto fill = [&] {
+            for (const char* name : {"a", "b", "c"}) {
+                set.AddProperty(name, "KELSysTSBaseUnknownPtr", &nested);
+                const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject([&] {
+                    ++gone;
+                    set.AddProperty("late", "KELINT32", nullptr);
+                    set = source;
+                }));
+                set.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get()));
+            }
+        };
+        fill();
+        set = source;
+        EXPECT_TRUE(gone == 3 && set.HasProperty("n") && !set.HasProperty("a") && !set.HasProperty("late"));
+        EXPECT_EQ(CountOf(nested), 1U);
+        fill();
+    }
+    EXPECT_EQ(gone, 6);
+    EXPECT_EQ(CountOf(nested), 1U);
+}
+
 } // namespace

@@ -215,10 +215,9 @@ private:
                g_noPosition + g_noPosition + g_noPosition);
     }
 
-    // Lists share their elements with each other, with values or with a constant, or have lent one.
+    // Lists share their elements with each other or with values, or have lent one.
     void ChangeFloats(Floats& ioFloats, std::size_t iPosition)
     {
-        static constinit KELRawCollfloat::Constant<3> s_constant;
         static constexpr float kNumbers[] = {0.0F, -0.0F, 1.0F, -1.0F, 2.0F, std::numeric_limits<float>::quiet_NaN()};
         const float number = Any(kNumbers);
         const std::size_t size = m_isBad ? 0 : 2 * iPosition % 64;
@@ -226,7 +225,7 @@ private:
         std::vector<float>& model = ioFloats.model;
         switch (m_choices.Below(6)) {
         case 0:
-            ioFloats = {KELRawCollfloat(s_constant), std::vector<float>(3)};
+            ioFloats = {KELRawCollfloat(), {}};
             break;
         case 1:
             Do([&] { return real.Append(number), true; });

@@ -1,34 +1,42 @@
 #ifndef FakeSimpleHashTable_H
 #define FakeSimpleHashTable_H
 
-#define KELSysSimpleHashTable KELSoundHashTable
-#include "../../../Platform/include/KELSysSimpleHashTable.h"
-#undef KELSysSimpleHashTable
+#include <vector>
 
-/// The platform's table behind its plain interface, which a test can have refuse, not find, or hold one null.
+/// A table that offers the plain interface and nothing else, as a platform's own may.
 class KELSysSimpleHashTable {
 public:
-    KELSysSimpleHashTable(int iExpected, KELSoundHashTable::HashFunction iHash, KELSoundHashTable::EqualFunction iEqual)
-        : m_table(iExpected, iHash, iEqual)
-    {
-    }
+    KELSysSimpleHashTable(int, unsigned int (*)(void*), int (*iEqual)(void*, void*)) : m_equal(iEqual) {}
 
     void* InsertAndReturn(void* iElement)
     {
-        return s_isFull ? m_table.Locate(iElement) : m_table.InsertAndReturn(iElement);
+        const int index = Find(iElement);
+        return index < Size() ? Get(index) : (m_elements.push_back(iElement), iElement);
     }
-    void* Locate(void* iProbe) const { return s_isBlind ? nullptr : m_table.Locate(iProbe); }
-    void* Remove(void* iProbe) { return m_table.Remove(iProbe); }
-    void* Get(int iIndex) const { return m_table.Get(iIndex); }
-    int Size() const { return m_table.Size() + (s_hasNull ? 1 : 0); }
-    void RemoveAll() { m_table.RemoveAll(); }
-
-    static inline bool s_isFull = false;
-    static inline bool s_isBlind = false;
-    static inline bool s_hasNull = false;
+    void* Locate(void* iProbe) const { return Get(Find(iProbe)); }
+    void* Remove(void* iProbe)
+    {
+        const int index = Find(iProbe);
+        void* const removed = Get(index);
+        m_elements.erase(m_elements.begin() + index, m_elements.begin() + index + (removed ? 1 : 0));
+        return removed;
+    }
+    void* Get(int iIndex) const { return iIndex < Size() ? m_elements[static_cast<std::size_t>(iIndex)] : nullptr; }
+    int Size() const { return static_cast<int>(m_elements.size()); }
+    void RemoveAll() { m_elements.clear(); }
 
 private:
-    KELSoundHashTable m_table;
+    int Find(void* iProbe) const
+    {
+        int index = 0;
+        while (index < Size() && m_equal(Get(index), iProbe) == 0) {
+            ++index;
+        }
+        return index;
+    }
+
+    int (*m_equal)(void*, void*);
+    std::vector<void*> m_elements;
 };
 
 #endif

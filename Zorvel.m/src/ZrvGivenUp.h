@@ -1,0 +1,59 @@
+#ifndef ZrvGivenUp_H
+#define ZrvGivenUp_H
+
+#include "KELReference.h"
+#include "KELSYPHashMap.h"
+#include "KELSYPPool.h"
+#include "KELSysTSBaseUnknown.h"
+#include "KELUnicodeString.h"
+#include "ZrvConstPropertiesPrototype.h"
+#include "ZrvProperty.h"
+
+#include <cstddef>
+#include <vector>
+
+/// \file
+/// What leaves a set goes after the set's locks: its end may run code of the host's, which may take locks of its own and
+/// use any set. An operation declares one of these before it locks, moves out what it takes away, and lets it go when it
+/// returns, the locks given back.
+
+/// Objects and prototypes that an operation gives up, or holds while the host is asked.
+class ZrvGivenUp {
+public:
+    ZrvGivenUp() = default;
+    ZrvGivenUp(const ZrvGivenUp&) = delete;
+    ZrvGivenUp& operator=(const ZrvGivenUp&) = delete;
+    ~ZrvGivenUp() = default;
+
+    /// Makes room for iCount more, so that giving them up does not fail. Throws `std::bad_alloc`.
+    void MakeRoom(std::size_t iCount);
+
+    /// Keeps a reference in the room made.
+    void Keep(KELReference<KELSysTSBaseUnknown> iObject) noexcept { m_objects.push_back(std::move(iObject)); }
+
+    /// Takes a reference of its own on a prototype, so that it lives while it is asked; returns the prototype.
+    ZrvConstPropertiesPrototype* Hold(ZrvConstPropertiesPrototype* iPrototype);
+
+private:
+    std::vector<KELReference<KELSysTSBaseUnknown>> m_objects;
+};
+
+/// The prototype and the properties of a set, with the memory that they lie in: on their way out of it, or into it.
+struct ZrvPropertiesContents {
+    using Map = KELSYPHashMap<KELUnicodeString, ZrvProperty*>;
+    using Pool = KELSYPPool<ZrvProperty>;
+
+    ZrvPropertiesContents() = default;
+    ZrvPropertiesContents(const ZrvPropertiesContents&) = delete;
+    ZrvPropertiesContents& operator=(const ZrvPropertiesContents&) = delete;
+    ~ZrvPropertiesContents();
+
+    /// Destroys the properties that a map refers to. What they let go of may look at the map: it has forgotten them.
+    static void DestroyAll(Map& ioMap, Pool& ioPool);
+
+    Pool pool;
+    Map map;
+    KELReference<ZrvConstPropertiesPrototype> prototype;
+};
+
+#endif

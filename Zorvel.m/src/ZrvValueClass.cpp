@@ -1,0 +1,143 @@
+#include "ZrvValueClass.h"
+
+#include <new>
+#include <type_traits>
+
+namespace {
+
+using ObjectReference = KELReference<KELSysTSBaseUnknown>;
+
+template <class T>
+constexpr bool g_isObject = std::is_same_v<T, KELSysTSBaseUnknown*>;
+
+// The values that properties start with.
+template <class T>
+T DefaultOf()
+{
+    return T();
+}
+
+template <>
+KELBoolean DefaultOf()
+{
+    return 1;
+}
+
+template <>
+KELRawCollfloat DefaultOf()
+{
+    KELRawCollfloat floats(0);
+    floats.Size(3, 0.0F);
+    return floats;
+}
+
+template <class T>
+const ZrvPropertyValue<T>& As(const ZrvPropertyValueBase& iValue)
+{
+    return static_cast<const ZrvPropertyValue<T>&>(iValue);
+}
+
+template <class T>
+ZrvPropertyValue<T>& As(ZrvPropertyValueBase& ioValue)
+{
+    return static_cast<ZrvPropertyValue<T>&>(ioValue);
+}
+
+template <class T>
+ZrvPropertyValueBase* MakeDefault(void* iRoom)
+{
+    static_assert(alignof(ZrvPropertyValue<T>) <= alignof(void*));
+    return ::new (iRoom) ZrvPropertyValue<T>(DefaultOf<T>());
+}
+
+template <class T>
+ZrvPropertyValueBase* MakeCopy(void* iRoom, const ZrvPropertyValueBase& iValue)
+{
+    return ::new (iRoom) ZrvPropertyValue<T>(As<T>(iValue));
+}
+
+template <class T>
+ZrvPropertyValueBase* MakeAnswer(void* iRoom, const ZrvPropertyValueBase& iValue)
+{
+    const auto* const value = dynamic_cast<const ZrvPropertyValue<T>*>(&iValue);
+    if (!value) {
+        return nullptr;
+    }
+    if constexpr (g_isObject<T>) {
+        const auto object = ObjectReference::Adopt(value->GetValue());
+        return ::new (iRoom) ZrvPropertyValue<T>(object.Get());
+    } else {
+        return ::new (iRoom) ZrvPropertyValue<T>(value->GetValue());
+    }
+}
+
+template <class T>
+void Assign(ZrvPropertyValueBase& ioValue, const ZrvPropertyValueBase& iOther)
+{
+    As<T>(ioValue) = As<T>(iOther);
+}
+
+template <class T>
+void Swap(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther)
+{
+    As<T>(ioValue).Swap(As<T>(ioOther));
+}
+
+using TakeObjectFunction = ObjectReference (*)(ZrvPropertyValueBase& ioValue);
+
+template <class T>
+constexpr TakeObjectFunction TakeObjectOf()
+{
+    if constexpr (g_isObject<T>) {
+        return [](ZrvPropertyValueBase& ioValue) {
+            ObjectReference object;
+            As<T>(ioValue).Swap(object);
+            return object;
+        };
+    } else {
+        return nullptr;
+    }
+}
+
+const ZrvValueClass g_classes[] = {
+#define ZRV_VALUE_CLASS(id, name, type)                                                                                \
+    {&typeid(ZrvPropertyValue<type>), zrvPT_##id,    &MakeDefault<type>, &MakeCopy<type>,                              \
+     &MakeAnswer<type>,               &Assign<type>, &Swap<type>,        TakeObjectOf<type>()},
+    ZRV_PROPERTY_TYPES(ZRV_VALUE_CLASS)
+#undef ZRV_VALUE_CLASS
+};
+
+} // namespace
+
+const ZrvValueClass* ZrvValueClass::Find(const KELUnicodeString& iType)
+{
+    const ZrvPropertyType type = ZrvPropertyTypeConv::GetEnum(iType);
+    return type == zrvPT_Undefined ? nullptr : &g_classes[type];
+}
+
+void ZrvValueHolder::MakeCopy(const ZrvValueHolder& iOther)
+{
+    if (iOther.m_class) {
+        MakeCopy(*iOther.m_class, *iOther.m_value);
+    } else if (iOther.m_value) {
+        Take(iOther.m_value->Duplicate());
+    }
+}
+
+bool ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue)
+{
+    ZrvPropertyValueBase* const answer = iClass.makeAnswer(m_room, iValue);
+    if (answer) {
+        Place(iClass, answer);
+    }
+    return answer != nullptr;
+}
+
+void ZrvValueHolder::Destroy(ZrvPropertyValueBase* iValue) const noexcept
+{
+    if (m_class) {
+        iValue->~ZrvPropertyValueBase();
+    } else {
+        delete iValue;
+    }
+}
