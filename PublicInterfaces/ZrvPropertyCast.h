@@ -7,7 +7,6 @@
 #include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValue.h"
 #include "ZrvPropertyValueBase.h"
-#include "ZrvRC.h"
 
 /// The value as a value of type T; null for null and for a value of another type.
 ///
@@ -53,24 +52,5 @@ struct ZrvPropertyReader<KELSysTSBaseUnknown*> {
         return Result::Adopt(iValue.GetValue());
     }
 };
-
-/// The same questions as `GetRC` and `IsError`, which only an object that is not const can be asked.
-/// \code
-/// void Log(const ZrvRC& iRC)
-/// {
-///     if (ZrvIsError(iRC)) { ... }
-/// }
-/// \endcode
-/// @{
-inline ZrvRC::ErrorCode ZrvGetRC(const ZrvRC& iRC) noexcept
-{
-    return const_cast<ZrvRC&>(iRC).GetRC(); // changes nothing, though it is not const
-}
-
-inline bool ZrvIsError(const ZrvRC& iRC) noexcept
-{
-    return const_cast<ZrvRC&>(iRC).IsError();
-}
-/// @}
 
 #endif
