@@ -50,7 +50,7 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     GiveUpAll_Int(old);
     TakeAll_Int(copy);
     if (!isCopied) {
-        SetFromProperties_Int(iSource, givenUp);
+        static_cast<void>(SetFromProperties_Int(iSource, givenUp)); // an assignment has no result
     }
     return *this;
 }
