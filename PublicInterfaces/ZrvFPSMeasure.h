@@ -38,11 +38,7 @@ public:
     void Start();
 
     /// Counts one frame.
-    ZRV_EXPORTED_INLINE void IncrementFrames() noexcept
-    {
-        m_framesSinceMeasure = static_cast<KELINT32>(static_cast<KELUINT32>(m_framesSinceMeasure) + 1U);
-        m_totalFrames = static_cast<KELINT32>(static_cast<KELUINT32>(m_totalFrames) + 1U);
-    }
+    ZRV_INLINE void IncrementFrames() noexcept;
 
     /// Measures if the period has passed since the last measurement; returns whether it did.
     bool HasNewInstantFPS();
@@ -65,5 +61,13 @@ private:
     double m_measuredSeconds = 0.0;
     KELINT32 m_period;
 };
+
+// The inline members.
+
+void ZrvFPSMeasure::IncrementFrames() noexcept
+{
+    m_framesSinceMeasure = static_cast<KELINT32>(static_cast<KELUINT32>(m_framesSinceMeasure) + 1U);
+    m_totalFrames = static_cast<KELINT32>(static_cast<KELUINT32>(m_totalFrames) + 1U);
+}
 
 #endif

@@ -2,6 +2,7 @@
 #define ZrvPropertiesPrototype_H
 
 #include "ZrvConstPropertiesPrototype.h"
+#include "ZrvExport.h"
 
 /// What a builder sees of a prototype: the operations that declare properties and take declarations back.
 class ZrvPropertiesPrototype : public ZrvConstPropertiesPrototype {

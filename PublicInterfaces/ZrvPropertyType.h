@@ -2,6 +2,7 @@
 #define ZrvPropertyType_H
 
 #include "KELTypes.h"
+#include "ZrvExport.h"
 
 /// \file
 /// The nine types of values.

@@ -6,10 +6,6 @@
 #include "ZrvExport.h"
 #include "ZrvRC.h"
 
-#if defined(__GNUC__) && !defined(__GXX_RTTI)
-#error "Zorvel compares the classes of values: compile with run-time type information"
-#endif
-
 /// A value of a type that the holder need not know.
 ///
 /// The typed values of ZrvPropertyValue.h give the operations their meaning. A bare base is a value without a type: its
@@ -18,13 +14,10 @@
 /// Not changed by one thread while another uses it.
 class ZRV_API ZrvPropertyValueBase {
 public:
-    ZRV_EXPORTED_INLINE ZrvPropertyValueBase() noexcept {}
-    ZRV_EXPORTED_INLINE ZrvPropertyValueBase(const ZrvPropertyValueBase& /*iOther*/) noexcept {}
-    ZRV_EXPORTED_INLINE ZrvPropertyValueBase& operator=(const ZrvPropertyValueBase& /*iOther*/) noexcept
-    {
-        return *this;
-    }
-    ZRV_EXPORTED_INLINE virtual ~ZrvPropertyValueBase() {}
+    ZRV_INLINE ZrvPropertyValueBase() noexcept;
+    ZRV_INLINE ZrvPropertyValueBase(const ZrvPropertyValueBase& iOther) noexcept;
+    ZRV_INLINE ZrvPropertyValueBase& operator=(const ZrvPropertyValueBase& iOther) noexcept;
+    ZRV_INLINE virtual ~ZrvPropertyValueBase();
 
     /// The value's type name; empty for a value without a type.
     virtual KELUnicodeString GetType() const;
@@ -39,6 +32,13 @@ public:
     /// Whether iOther has the same type name and an equal value.
     virtual bool IsPurelyIdenticalTo(const ZrvPropertyValueBase& iOther) const;
 };
+
+// The inline members.
+
+ZrvPropertyValueBase::ZrvPropertyValueBase() noexcept = default;
+ZrvPropertyValueBase::ZrvPropertyValueBase(const ZrvPropertyValueBase& iOther) noexcept = default;
+ZrvPropertyValueBase& ZrvPropertyValueBase::operator=(const ZrvPropertyValueBase& iOther) noexcept = default;
+ZrvPropertyValueBase::~ZrvPropertyValueBase() = default;
 
 /// The type name of string values. Thread-safe.
 ZRV_API KELUnicodeString ZrvPropertyValue_GetStringType();

@@ -1,6 +1,7 @@
 #ifndef ZrvPrototypeImpl_H
 #define ZrvPrototypeImpl_H
 
+#include "ZrvExport.h"
 #include "ZrvPropertiesPrototype.h"
 
 #include <memory>

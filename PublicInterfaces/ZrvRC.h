@@ -23,9 +23,12 @@
 /// }
 /// \endcode
 ///
+/// A result that a caller does not look at is a warning of the compiler; `static_cast<void>(...)` says that it is
+/// meant.
+///
 /// A plain value: not changed by one thread while another uses it. No operation fails or reports; those that lengthen
 /// the trace may throw the standard allocation failure, and change nothing then.
-class ZRV_API ZrvRC {
+class [[nodiscard]] ZRV_API ZrvRC {
 public:
     /// Read as an unsigned number, 0 and 1 are successes and every other code is an error.
     enum ErrorCode : KELUINT32 {
@@ -35,52 +38,43 @@ public:
     };
 
     /// A success with an empty trace.
-    ZRV_EXPORTED_INLINE ZrvRC() noexcept : m_rc(zrvEC_OK) {}
+    ZRV_INLINE ZrvRC() noexcept;
 
     /// A code with a copy of a text as its trace.
-    ZRV_EXPORTED_INLINE ZrvRC(ErrorCode iCode, const KELUnicodeString& iText) noexcept : m_rc(iCode), m_trace(iText) {}
+    ZRV_INLINE ZrvRC(ErrorCode iCode, const KELUnicodeString& iText) noexcept;
 
     /// The same from narrow text (UTF-8); null gives an empty trace. A bare code converts, so that it can be returned
     /// and compared as it is.
-    ZRV_EXPORTED_INLINE ZrvRC(ErrorCode iCode, const char* iText = nullptr) // NOLINT(google-explicit-constructor)
-        : m_rc(iCode)
-    {
-        if (iText) {
-            m_trace = KELUnicodeString(iText);
-        }
-    }
+    ZRV_INLINE ZrvRC(ErrorCode iCode, const char* iText = nullptr); // NOLINT(google-explicit-constructor)
 
     /// The outcome of a platform call, of which the lower 32 bits count: a success for 0 and above, else an error with
     /// a message for the failure as its trace.
     ZrvRC(long iResult); // NOLINT(google-explicit-constructor,google-runtime-int)
 
-    ZRV_EXPORTED_INLINE ZrvRC(const ZrvRC& iOther) noexcept : m_rc(iOther.m_rc), m_trace(iOther.m_trace) {}
+    /// A truth value is no outcome, and as a number its false would be a success: it does not compile.
+    template <class Truth, class = std::enable_if_t<std::is_same_v<Truth, bool>>>
+    ZrvRC(Truth iTruth) = delete; // NOLINT(google-explicit-constructor): refuses the conversions, too
 
-    ZRV_EXPORTED_INLINE ZrvRC& operator=(const ZrvRC& iOther) noexcept
-    {
-        m_rc = iOther.m_rc;
-        m_trace = iOther.m_trace;
-        return *this;
-    }
+    ZRV_INLINE ZrvRC(const ZrvRC& iOther) noexcept;
+    ZRV_INLINE ZrvRC& operator=(const ZrvRC& iOther) noexcept;
+    ZRV_INLINE ~ZrvRC();
 
-    ZRV_EXPORTED_INLINE ~ZrvRC() {}
-
-    ZRV_EXPORTED_INLINE ErrorCode GetRC() noexcept { return m_rc; }
+    ZRV_INLINE ErrorCode GetRC() noexcept;
 
     /// The trace, owned by this object.
-    ZRV_EXPORTED_INLINE const KELUnicodeString& GetTrace() const noexcept { return m_trace; }
+    ZRV_INLINE const KELUnicodeString& GetTrace() const noexcept;
 
     /// The trace as narrow text (UTF-8), never null; valid until the trace changes or this object is destroyed.
-    ZRV_EXPORTED_INLINE const char* Dump() const noexcept { return m_trace.ConvertToChar(); }
+    ZRV_INLINE const char* Dump() const noexcept;
 
-    ZRV_EXPORTED_INLINE bool IsValid() noexcept { return !IsError(); }
-    ZRV_EXPORTED_INLINE bool IsError() noexcept { return m_rc > zrvEC_OK; }
-    ZRV_EXPORTED_INLINE bool operator!() noexcept { return IsError(); }
+    ZRV_INLINE bool IsValid() noexcept;
+    ZRV_INLINE bool IsError() noexcept;
+    ZRV_INLINE bool operator!() noexcept;
 
     /// Compare the codes; traces do not count.
     /// @{
-    ZRV_EXPORTED_INLINE bool operator==(const ZrvRC& iOther) noexcept { return m_rc == iOther.m_rc; }
-    ZRV_EXPORTED_INLINE bool operator!=(const ZrvRC& iOther) noexcept { return m_rc != iOther.m_rc; }
+    ZRV_INLINE bool operator==(const ZrvRC& iOther) noexcept;
+    ZRV_INLINE bool operator!=(const ZrvRC& iOther) noexcept;
     /// @}
 
     /// Adds a text, as it is, at the end of the trace; null adds nothing. Returns this object.
@@ -107,6 +101,73 @@ private:
     ErrorCode m_rc;
     KELUnicodeString m_trace;
 };
+
+// The inline members.
+
+ZrvRC::ZrvRC() noexcept : m_rc(zrvEC_OK) {}
+ZrvRC::ZrvRC(ErrorCode iCode, const KELUnicodeString& iText) noexcept : m_rc(iCode), m_trace(iText) {}
+ZrvRC::ZrvRC(ErrorCode iCode, const char* iText) : m_rc(iCode)
+{
+    if (iText) {
+        m_trace = KELUnicodeString(iText);
+    }
+}
+ZrvRC::ZrvRC(const ZrvRC& iOther) noexcept = default;
+ZrvRC& ZrvRC::operator=(const ZrvRC& iOther) noexcept = default;
+ZrvRC::~ZrvRC() = default;
+
+ZrvRC::ErrorCode ZrvRC::GetRC() noexcept
+{
+    return m_rc;
+}
+const KELUnicodeString& ZrvRC::GetTrace() const noexcept
+{
+    return m_trace;
+}
+const char* ZrvRC::Dump() const noexcept
+{
+    return m_trace.ConvertToChar();
+}
+
+bool ZrvRC::IsError() noexcept
+{
+    return m_rc > zrvEC_OK;
+}
+bool ZrvRC::IsValid() noexcept
+{
+    return !IsError();
+}
+bool ZrvRC::operator!() noexcept
+{
+    return IsError();
+}
+bool ZrvRC::operator==(const ZrvRC& iOther) noexcept
+{
+    return m_rc == iOther.m_rc;
+}
+bool ZrvRC::operator!=(const ZrvRC& iOther) noexcept
+{
+    return m_rc != iOther.m_rc;
+}
+
+/// The same questions as `GetRC` and `IsError`, which only an object that is not const can be asked.
+/// \code
+/// void Log(const ZrvRC& iRC)
+/// {
+///     if (ZrvIsError(iRC)) { ... }
+/// }
+/// \endcode
+/// @{
+inline ZrvRC::ErrorCode ZrvGetRC(const ZrvRC& iRC) noexcept
+{
+    return const_cast<ZrvRC&>(iRC).GetRC(); // changes nothing, though it is not const
+}
+
+inline bool ZrvIsError(const ZrvRC& iRC) noexcept
+{
+    return const_cast<ZrvRC&>(iRC).IsError();
+}
+/// @}
 
 #if defined(__cpp_impl_three_way_comparison)
 // C++20 also tries a comparison with its sides exchanged, and older compilers then find the two equally good where

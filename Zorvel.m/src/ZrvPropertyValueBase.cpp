@@ -1,3 +1,9 @@
+// In this source the inline members of exported classes become functions of the library; see ZRV_INLINE in ZrvExport.h.
+#if defined(ZRV_BUILDING) && defined(__GNUC__)
+#define ZRV_INLINE
+#include "Zorvel.h"
+#endif
+
 #include "ZrvPropertyValueBase.h"
 
 #include "ZrvCheck.h"

@@ -59,16 +59,16 @@ public:
     const char* PassFailures(Side& ioOther) override
     {
         ExhaustedPrototype prototype;
-        prototype.AddProperty("sound", zrvPT_Float, nullptr);
+        static_cast<void>(prototype.AddProperty("sound", zrvPT_Float, nullptr));
         ZrvProperties set(&prototype);
         if (!RunsOutOfMemory(&ThrowFromPlatform) || !RunsOutOfMemory([&] { ioOther.RunOutOfMemory(); })) {
             return "a failure reaches the module that is to catch it";
         }
-        if (!RunsOutOfMemory([&] { set.AddProperty("exhausting"); })) {
+        if (!RunsOutOfMemory([&] { static_cast<void>(set.AddProperty("exhausting")); })) {
             return "a failure passes through the library";
         }
         // Another thread would wait for ever if the failure had left the set locked.
-        std::thread([&] { set.AddProperty("sound"); }).join();
+        std::thread([&] { static_cast<void>(set.AddProperty("sound")); }).join();
         return set.HasProperty("sound") && !set.HasProperty("exhausting") ? "" : "the set can still be used";
     }
 
