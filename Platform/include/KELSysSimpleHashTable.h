@@ -85,7 +85,7 @@ public:
     void Reserve(int iCount)
     {
         if (m_elements.empty() && iCount > 0) {
-            MakeFirstRoom(std::max(static_cast<std::size_t>(iCount), kFirstElements));
+            MakeFirstRoom((std::max)(static_cast<std::size_t>(iCount), kFirstElements));
         }
     }
 
@@ -185,7 +185,7 @@ void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, co
         AddSalt();
         hash = m_saltedHash(iElement, m_salt);
     }
-    if (Size() == std::numeric_limits<int>::max()) {
+    if (Size() == (std::numeric_limits<int>::max)()) {
         return nullptr;
     }
     MakeRoom();
