@@ -6,8 +6,8 @@
 /// \file
 /// How the keyed map reaches its table.
 
-/// A table that can do more than the platform's: it takes a hash that is at hand, compares in line, can be exchanged as
-/// a whole and makes room ahead.
+/// A table that can do more than the platform's: it takes a hash that is at hand, compares in line, and can be exchanged
+/// and copied as a whole.
 ///
 /// `KELSysSimpleHashTable` of this tree is one. The table of the real platform offers the untyped interface alone, and the
 /// map must work over it as well; so everything that goes beyond that interface goes through `KELSYPTableAccess`.
@@ -16,7 +16,7 @@ concept KELSYPHashedTable = requires(Table& ioTable, void* iElement, bool (*iIsS
     { ioTable.InsertHashed(iElement, 0U, iIsSame) } -> std::same_as<void*>;
     { ioTable.LocateHashed(iElement, 0U, iIsSame) } -> std::same_as<void*>;
     ioTable.Swap(ioTable);
-    ioTable.Reserve(0);
+    ioTable.CopyFrom(ioTable, [](void* iOther) { return iOther; });
 };
 
 /// Reaches a hashed table directly and any other through its untyped interface.
@@ -50,13 +50,6 @@ struct KELSYPTableAccess {
             return ioTable.InsertHashed(iElement, iHash, iIsElement);
         } else {
             return ioTable.InsertAndReturn(iElement);
-        }
-    }
-
-    static void Reserve(Table& ioTable, int iCount)
-    {
-        if constexpr (KELSYPHashedTable<Table>) {
-            ioTable.Reserve(iCount);
         }
     }
 

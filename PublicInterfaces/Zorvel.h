@@ -9,12 +9,17 @@
 /// - "not changed by one thread while another uses it": threads may read one object at once, and may use different
 ///   objects freely, but a change excludes every other use of the same object.
 
+#include "KELCheckFailure.h"
 #include "ZrvConstPropertiesPrototype.h"
 #include "ZrvDebugServices.h"
 #include "ZrvExport.h"
 #include "ZrvFPSMeasure.h"
+#include "ZrvListIterator.h"
 #include "ZrvProperties.h"
 #include "ZrvPropertiesPrototype.h"
+#include "ZrvPropertyAccess.h"
+#include "ZrvPropertyCast.h"
+#include "ZrvPropertyPrint.h"
 #include "ZrvPropertyType.h"
 #include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValue.h"

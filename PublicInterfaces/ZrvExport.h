@@ -12,16 +12,23 @@
 #error "Zorvel compares the classes of objects: compile with run-time type information (no -fno-rtti, no /GR-)"
 #endif
 
+// In a form that may stand beside other attributes: GCC takes no [[...]] beside a __attribute__ in front of a class.
 #if defined(ZRV_STATIC)
 #define ZRV_API
-#elif defined(_WIN32)
+#elif defined(_MSC_VER)
 #if defined(ZRV_BUILDING)
 #define ZRV_API __declspec(dllexport)
 #else
 #define ZRV_API __declspec(dllimport)
 #endif
+#elif defined(_WIN32)
+#if defined(ZRV_BUILDING)
+#define ZRV_API [[gnu::dllexport]]
 #else
-#define ZRV_API __attribute__((visibility("default")))
+#define ZRV_API [[gnu::dllimport]]
+#endif
+#else
+#define ZRV_API [[gnu::visibility("default")]]
 #endif
 
 // Declares an inline member of an exported class. The library exports such members as well, for callers that do not

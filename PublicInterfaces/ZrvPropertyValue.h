@@ -26,9 +26,17 @@
 /// }
 /// \endcode
 
-/// Which of the nine types holds a T; declared for those nine alone.
+/// Which of the nine types holds a T; for any other T, a message of the compiler that says what to use.
 template <class T>
-struct ZrvPropertyTypeOf;
+struct ZrvPropertyTypeOf {
+    static_assert(
+        sizeof(T) == 0,
+        "T is none of the nine types of values: a bool is kept as KELBoolean, a number as KELINT32, "
+        "KELUINT32, float or double, a text as KELUnicodeString, a list as KELRawCollfloat, bytes as unsigned "
+        "char*, an object of any class as KELSysTSBaseUnknown*");
+
+    static constexpr ZrvPropertyType kType = zrvPT_Undefined; // what else the compiler would complain about
+};
 
 #define ZRV_TYPE_OF(id, name, type)                                                                                    \
     template <>                                                                                                        \

@@ -23,9 +23,12 @@
 /// }
 /// \endcode
 ///
+/// A result that a caller does not look at is a warning of the compiler; `static_cast<void>(...)` says that it is
+/// meant.
+///
 /// A plain value: not changed by one thread while another uses it. No operation fails or reports; those that lengthen
 /// the trace may throw the standard allocation failure, and change nothing then.
-class ZRV_API ZrvRC {
+class [[nodiscard]] ZRV_API ZrvRC {
 public:
     /// Read as an unsigned number, 0 and 1 are successes and every other code is an error.
     enum ErrorCode : KELUINT32 {
@@ -47,6 +50,10 @@ public:
     /// The outcome of a platform call, of which the lower 32 bits count: a success for 0 and above, else an error with
     /// a message for the failure as its trace.
     ZrvRC(long iResult); // NOLINT(google-explicit-constructor,google-runtime-int)
+
+    /// A truth value is no outcome, and as a number its false would be a success: it does not compile.
+    template <class Truth, class = std::enable_if_t<std::is_same_v<Truth, bool>>>
+    ZrvRC(Truth iTruth) = delete; // NOLINT(google-explicit-constructor): refuses the conversions, too
 
     ZRV_INLINE ZrvRC(const ZrvRC& iOther) noexcept;
     ZRV_INLINE ZrvRC& operator=(const ZrvRC& iOther) noexcept;
@@ -142,6 +149,25 @@ bool ZrvRC::operator!=(const ZrvRC& iOther) noexcept
 {
     return m_rc != iOther.m_rc;
 }
+
+/// The same questions as `GetRC` and `IsError`, which only an object that is not const can be asked.
+/// \code
+/// void Log(const ZrvRC& iRC)
+/// {
+///     if (ZrvIsError(iRC)) { ... }
+/// }
+/// \endcode
+/// @{
+inline ZrvRC::ErrorCode ZrvGetRC(const ZrvRC& iRC) noexcept
+{
+    return const_cast<ZrvRC&>(iRC).GetRC(); // changes nothing, though it is not const
+}
+
+inline bool ZrvIsError(const ZrvRC& iRC) noexcept
+{
+    return const_cast<ZrvRC&>(iRC).IsError();
+}
+/// @}
 
 #if defined(__cpp_impl_three_way_comparison)
 // C++20 also tries a comparison with its sides exchanged, and older compilers then find the two equally good where

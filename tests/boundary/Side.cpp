@@ -46,9 +46,8 @@ public:
 
     const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) override
     {
-        SeededChoices choices(iSeed, 1000);
         try {
-            ::UseAtRandom(choices, Memory::Behaves, &ioOther);
+            ::UseAtRandom(SeededChoices(iSeed), 1000, Trouble::Refusals, &ioOther);
         } catch (const std::logic_error& difference) {
             return (m_difference = difference.what()).c_str();
         }
@@ -60,16 +59,16 @@ public:
     const char* PassFailures(Side& ioOther) override
     {
         ExhaustedPrototype prototype;
-        prototype.AddProperty("sound", zrvPT_Float, nullptr);
+        static_cast<void>(prototype.AddProperty("sound", zrvPT_Float, nullptr));
         ZrvProperties set(&prototype);
         if (!RunsOutOfMemory(&ThrowFromPlatform) || !RunsOutOfMemory([&] { ioOther.RunOutOfMemory(); })) {
             return "a failure reaches the module that is to catch it";
         }
-        if (!RunsOutOfMemory([&] { set.AddProperty("exhausting"); })) {
+        if (!RunsOutOfMemory([&] { static_cast<void>(set.AddProperty("exhausting")); })) {
             return "a failure passes through the library";
         }
         // Another thread would wait for ever if the failure had left the set locked.
-        std::thread([&] { set.AddProperty("sound"); }).join();
+        std::thread([&] { static_cast<void>(set.AddProperty("sound")); }).join();
         return set.HasProperty("sound") && !set.HasProperty("exhausting") ? "" : "the set can still be used";
     }
 

@@ -1,0 +1,222 @@
+#ifndef ZrvPropertyPrint_H
+#define ZrvPropertyPrint_H
+
+#include "KELListValKELUnicodeString.h"
+#include "KELRawCollfloat.h"
+#include "KELReference.h"
+#include "KELSysTSBaseUnknown.h"
+#include "KELSysTSUnicodeString.h"
+#include "KELText.h"
+#include "KELTypes.h"
+#include "KELUnicodeString.h"
+#include "ZrvListIterator.h"
+#include "ZrvProperties.h"
+#include "ZrvPropertyCast.h"
+#include "ZrvPropertyType.h"
+#include "ZrvPropertyTypeConv.h"
+#include "ZrvPropertyValueBase.h"
+#include "ZrvRC.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// \file
+/// `operator<<` for strings, return codes, values and sets, for logs and the messages of failed tests.
+///
+/// Whatever composes a text throws std::bad_alloc.
+
+namespace ZrvPropertyAccess {
+
+/// Whether a reader sees iCharacter as what it is: neither ill-formed nor a control of the terminal's or of the
+/// direction of writing.
+inline bool IsPrintable(std::string_view iCharacter)
+{
+    struct Range {
+        std::string_view first;
+        std::string_view last;
+    };
+    constexpr Range kUnprintable[] = {{std::string_view("\0", 1), "\x1F"},
+                                      {"\x7F", "\x7F"},
+                                      {"\xC2\x80", "\xC2\x9F"},
+                                      {"\xD8\x9C", "\xD8\x9C"},
+                                      {"\xE2\x80\x8E", "\xE2\x80\x8F"},
+                                      {"\xE2\x80\xA8", "\xE2\x80\xAE"},
+                                      {"\xE2\x81\xA6", "\xE2\x81\xA9"}};
+    if (iCharacter.size() == 1 && static_cast<unsigned char>(iCharacter[0]) >= 0x80) {
+        return false; // a byte that is no character
+    }
+    return std::none_of(std::begin(kUnprintable), std::end(kUnprintable), [iCharacter](const Range& iRange) {
+        return iCharacter.size() == iRange.first.size() && iCharacter >= iRange.first && iCharacter <= iRange.last;
+    });
+}
+
+/// The text with a backslash in front of quotes and backslashes, and "\x0A" for each byte that cannot be printed.
+inline std::string Escaped(const KELUnicodeString& iText)
+{
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    const std::string_view text(iText.ConvertToChar(), iText.LengthInBytes());
+    std::string result;
+    for (std::size_t length = 0, i = 0; i < text.size(); i += length) {
+        length = KELUtf8::CharacterLength(&text[i], text.size() - i);
+        const std::string_view character = text.substr(i, length);
+        if (IsPrintable(character)) {
+            result.append(character == "\"" || character == "\\" ? "\\" : "").append(character);
+            continue;
+        }
+        for (const char byte : character) {
+            const auto bits = static_cast<unsigned char>(byte);
+            result.append("\\x").append({kDigits[bits >> 4U], kDigits[bits & 0xFU]});
+        }
+    }
+    return result;
+}
+
+inline void Print(std::ostream& ioOutput, KELBoolean iValue)
+{
+    ioOutput << (iValue ? "true" : "false");
+}
+
+inline void Print(std::ostream& ioOutput, const KELUnicodeString& iValue)
+{
+    ioOutput << '"' << Escaped(iValue) << '"';
+}
+
+inline void Print(std::ostream& ioOutput, const KELRawCollfloat& iValue)
+{
+    ioOutput << '[';
+    const char* separator = "";
+    for (const float element : iValue) {
+        ioOutput << std::exchange(separator, " ") << element;
+    }
+    ioOutput << ']';
+}
+
+// Where bytes and objects lie tells a reader nothing, and differs from run to run.
+inline void Print(std::ostream& ioOutput, const unsigned char* iBytes)
+{
+    ioOutput << (iBytes ? "(bytes)" : "null");
+}
+
+inline void Print(std::ostream& ioOutput, const KELReference<KELSysTSBaseUnknown>& iObject)
+{
+    ioOutput << (iObject ? "(object)" : "null");
+}
+
+template <class Number>
+void Print(std::ostream& ioOutput, Number iValue)
+{
+    ioOutput << iValue;
+}
+
+template <class T>
+bool PrintIf(std::ostream& ioOutput, const ZrvPropertyValueBase& iValue)
+{
+    const ZrvPropertyValue<T>* value = ZrvPropertyCast<T>(&iValue);
+    if (value) {
+        Print(ioOutput, ZrvPropertyReader<T>::Read(*value));
+    }
+    return value != nullptr;
+}
+
+/// Number of characters.
+inline std::size_t Width(const std::string& iText)
+{
+    return static_cast<std::size_t>(KELUtf8::Count(iText.data(), iText.size()));
+}
+
+/// The text, filled with spaces up to iWidth characters.
+inline void PrintColumn(std::ostream& ioOutput, const std::string& iText, std::size_t iWidth)
+{
+    const std::size_t characters = Width(iText);
+    ioOutput << iText << std::string(iWidth > characters ? iWidth - characters : 0, ' ');
+}
+
+} // namespace ZrvPropertyAccess
+
+/// Prints a string's bytes as they are, and fills up to the stream's width as for any text.
+/// @{
+inline std::ostream& operator<<(std::ostream& ioOutput, const KELUnicodeString& iText)
+{
+    return ioOutput << std::string_view(iText.ConvertToChar(), iText.LengthInBytes());
+}
+
+inline std::ostream& operator<<(std::ostream& ioOutput, const KELSysTSUnicodeString& iText)
+{
+    return ioOutput << iText.ConvertToChar();
+}
+/// @}
+
+/// Prints a return code by name or, where it has none, by number, and its trace, if any: "zrvEC_Error: width: ...".
+inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvRC& iRC)
+{
+    switch (ZrvGetRC(iRC)) {
+    case ZrvRC::zrvEC_NothingDone:
+        ioOutput << "zrvEC_NothingDone";
+        break;
+    case ZrvRC::zrvEC_OK:
+        ioOutput << "zrvEC_OK";
+        break;
+    case ZrvRC::zrvEC_Error:
+        ioOutput << "zrvEC_Error";
+        break;
+    default:
+        ioOutput << "error " << static_cast<KELUINT32>(ZrvGetRC(iRC));
+        break;
+    }
+    return iRC.GetTrace().GetLengthInChar() > 0 ? ioOutput << ": " << iRC.GetTrace() : ioOutput;
+}
+
+/// Prints what a value holds: numbers as the stream formats them, true or false, a string in quotes on one line with
+/// what cannot be printed written as "\x0A", a list in brackets, and of a pointer whether it is null.
+inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvPropertyValueBase& iValue)
+{
+    switch (ZrvPropertyTypeConv::GetEnum(iValue.GetType())) {
+#define ZRV_PRINT(id, name, type)                                                                                      \
+    case zrvPT_##id:                                                                                                   \
+        if (ZrvPropertyAccess::PrintIf<type>(ioOutput, iValue)) {                                                      \
+            return ioOutput;                                                                                           \
+        }                                                                                                              \
+        break;
+        ZRV_PROPERTY_TYPES(ZRV_PRINT)
+#undef ZRV_PRINT
+    default:
+        break;
+    }
+    return ioOutput << "(unknown)";
+}
+
+/// Prints a set as a table with a line for each property, sorted by name: name, type and value, each as text that
+/// cannot break the table. A set without properties prints "(no properties)".
+/// \code
+/// std::cout << set;
+/// // title  KELUnicodeString        "Clip"
+/// // width  KELUINT32               1920
+/// \endcode
+inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvProperties& iSet)
+{
+    KELListValKELUnicodeString list;
+    iSet.GetListProperties(list);
+    std::vector<KELUnicodeString> names(begin(list), end(list));
+    std::sort(names.begin(), names.end(),
+              [](const KELUnicodeString& iLeft, const KELUnicodeString& iRight) { return iLeft.Compare(iRight) == 0; });
+    std::size_t width = 0;
+    for (const KELUnicodeString& name : names) {
+        width = (std::max)(width, ZrvPropertyAccess::Width(ZrvPropertyAccess::Escaped(name)));
+    }
+    for (const KELUnicodeString& name : names) {
+        if (const ZrvPropertyValueBase* value = iSet.GetProperty(name)) {
+            ZrvPropertyAccess::PrintColumn(ioOutput, ZrvPropertyAccess::Escaped(name), width + 2);
+            ZrvPropertyAccess::PrintColumn(ioOutput, ZrvPropertyAccess::Escaped(value->GetType()), 24);
+            ioOutput << *value << '\n';
+        }
+    }
+    return names.empty() ? ioOutput << "(no properties)\n" : ioOutput;
+}
+
+#endif
