@@ -2,6 +2,7 @@
 #define KELSYPHashMap_H
 
 #include "KELCheckFailure.h"
+#include "KELInline.h"
 #include "KELSYPHashMapIterator.h"
 #include "KELSYPPool.h"
 #include "KELSYPTableAccess.h"
@@ -38,7 +39,7 @@ public:
     KELSYPHashMap& operator=(const KELSYPHashMap&) = delete;
     ~KELSYPHashMap() override { KELSYPHashMap::RemoveAll(); }
 
-    const V* Locate(const K& iKey) const override
+    KEL_ALWAYS_INLINE const V* Locate(const K& iKey) const override
     {
         const Entry* entry = Find(iKey);
         return entry ? &entry->value : nullptr;
@@ -53,7 +54,7 @@ public:
         return new KELSYPHashMapIteratorImpl<K, V>(m_table);
     }
 
-    virtual V* Locate(const K& iKey)
+    KEL_ALWAYS_INLINE virtual V* Locate(const K& iKey)
     {
         Entry* entry = Find(iKey);
         return entry ? &entry->value : nullptr;
@@ -96,11 +97,17 @@ public:
     Entry* At(int iIndex) { return static_cast<Entry*>(m_table.Get(iIndex)); }
     const Entry* At(int iIndex) const { return static_cast<const Entry*>(m_table.Get(iIndex)); }
 
-    /// Makes room for iCount entries in an empty map.
-    void Reserve(int iCount)
+    /// Makes an empty map a copy of another: the same keys in the same order, each with a value that iCopy makes of the
+    /// other's entry. Neither map is changed meanwhile. False, and nothing happens, over a table that is not ours.
+    /// Throws what iCopy throws, with the entries made before. Linear.
+    template <class Copy>
+    bool CopyFrom(const KELSYPHashMap& iOther, const Copy& iCopy)
     {
-        Access::Reserve(m_table, iCount);
-        m_pool.Reserve(static_cast<std::size_t>(iCount));
+        m_pool.Reserve(static_cast<std::size_t>(iOther.Size()));
+        return Access::CopyAll(iOther.m_table, m_table, [this, &iCopy](void* iElement) -> void* {
+            const Entry& entry = *static_cast<const Entry*>(iElement);
+            return m_pool.Make(entry.key, iCopy(entry)).release();
+        });
     }
 
     /// Moves all entries to an empty map. Neither allocates nor throws; false, and nothing moves, when a table that is
@@ -153,7 +160,7 @@ private:
     // The table reads the key of an element and changes nothing, so the caller's own key serves as the probe.
     static void* AsElement(const K& iKey) { return const_cast<K*>(&iKey); }
 
-    Entry* Find(const K& iKey) const
+    KEL_ALWAYS_INLINE Entry* Find(const K& iKey) const
     {
         const auto isKey = [&iKey](void* iElement) { return KeyOf(iElement) == iKey; };
         return static_cast<Entry*>(Access::Locate(m_table, AsElement(iKey), iKey.ComputeHashKey(), isKey));

@@ -36,7 +36,7 @@ public:
     struct Deleter {
         void operator()(T* iObject) const noexcept
         {
-            iObject->~T();
+            iObject->T::~T(); // exactly a T
             pool->Give(iObject);
         }
 
@@ -55,11 +55,13 @@ public:
     template <class... Arguments>
     Owner Make(Arguments&&... ioArguments)
     {
-        const auto giveBack = [this](void* iBlock) { Give(iBlock); };
-        std::unique_ptr<void, decltype(giveBack)> block(Take(), giveBack);
-        T* const object = ::new (block.get()) T{std::forward<Arguments>(ioArguments)...};
-        static_cast<void>(block.release());
-        return Own(object);
+        void* const block = Take();
+        try {
+            return Own(::new (block) T{std::forward<Arguments>(ioArguments)...});
+        } catch (...) {
+            Give(block);
+            throw;
+        }
     }
 
     /// Owns an object that was released from its owner.

@@ -6,8 +6,8 @@
 /// \file
 /// How the keyed map reaches its table.
 
-/// A table that can do more than the platform's: it takes a hash that is at hand, compares in line, can be exchanged as
-/// a whole and makes room ahead.
+/// A table that can do more than the platform's: it takes a hash that is at hand, compares in line, and can be exchanged
+/// and copied as a whole.
 ///
 /// `KELSysSimpleHashTable` of this tree is one. The table of the real platform offers the untyped interface alone, and the
 /// map must work over it as well; so everything that goes beyond that interface goes through `KELSYPTableAccess`.
@@ -16,7 +16,7 @@ concept KELSYPHashedTable = requires(Table& ioTable, void* iElement, bool (*iIsS
     { ioTable.InsertHashed(iElement, 0U, iIsSame) } -> std::same_as<void*>;
     { ioTable.LocateHashed(iElement, 0U, iIsSame) } -> std::same_as<void*>;
     ioTable.Swap(ioTable);
-    ioTable.Reserve(0);
+    ioTable.CopyFrom(ioTable, [](void* iOther) { return iOther; });
 };
 
 /// Reaches a hashed table directly and any other through its untyped interface.
@@ -53,10 +53,15 @@ struct KELSYPTableAccess {
         }
     }
 
-    static void Reserve(Table& ioTable, int iCount)
+    /// Makes an empty table a copy of another with elements that iReplace makes; false for a table that is not ours.
+    template <class Replace>
+    static bool CopyAll(const Table& iFrom, Table& oTo, const Replace& iReplace)
     {
         if constexpr (KELSYPHashedTable<Table>) {
-            ioTable.Reserve(iCount);
+            oTo.CopyFrom(iFrom, iReplace);
+            return true;
+        } else {
+            return false;
         }
     }
 
@@ -66,7 +71,7 @@ struct KELSYPTableAccess {
         if constexpr (KELSYPHashedTable<Table>) {
             oTo.Swap(ioFrom);
         } else {
-            if (!CopyAll(ioFrom, oTo)) {
+            if (!ShareAll(ioFrom, oTo)) {
                 oTo.RemoveAll();
                 return false;
             }
@@ -76,7 +81,7 @@ struct KELSYPTableAccess {
     }
 
 private:
-    static bool CopyAll(const Table& iFrom, Table& oTo) noexcept
+    static bool ShareAll(const Table& iFrom, Table& oTo) noexcept
     {
         try {
             for (int i = 0; i < iFrom.Size(); ++i) {

@@ -1,8 +1,9 @@
 #ifndef KELMutex_H
 #define KELMutex_H
 
-#include <KELThreadIdentity.h>
-#include <KELThreadSafety.h>
+#include "KELInline.h"
+#include "KELThreadIdentity.h"
+#include "KELThreadSafety.h"
 
 #include <atomic>
 #include <mutex>
@@ -21,7 +22,7 @@ public:
     ~KELMutex() = default;
 
     /// Waits until no other thread holds the mutex.
-    void Lock() KEL_ACQUIRE() KEL_NO_THREAD_SAFETY_ANALYSIS
+    KEL_ALWAYS_INLINE void Lock() KEL_ACQUIRE() KEL_NO_THREAD_SAFETY_ANALYSIS
     {
         const KELThreadIdentity self = KELCurrentThread();
         if (m_owner.load(std::memory_order_relaxed) == self) {
@@ -33,7 +34,7 @@ public:
     }
 
     /// Takes back one `Lock` of the calling thread.
-    void Unlock() KEL_RELEASE() KEL_NO_THREAD_SAFETY_ANALYSIS
+    KEL_ALWAYS_INLINE void Unlock() KEL_RELEASE() KEL_NO_THREAD_SAFETY_ANALYSIS
     {
         if (m_again > 0) {
             --m_again;

@@ -1,7 +1,7 @@
 #ifndef KELSYPHashMapBaseIterator_H
 #define KELSYPHashMapBaseIterator_H
 
-#include <KELSysSimpleHashTable.h>
+#include <KELSysSimpleHashTable.h> // not from this folder: a table that is put in front of it counts here, too
 
 /// Walks over the elements of a table in the table's own order. The table outlives the iterator and does not change
 /// meanwhile; a null table has no elements.

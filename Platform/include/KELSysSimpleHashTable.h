@@ -37,7 +37,7 @@ public:
         : m_hash(iHash), m_equal(iEqual), m_saltedHash(iSaltedHash)
     {
         if (iExpected > 0) {
-            Reserve(iExpected);
+            MakeFirstRoom(std::max(static_cast<std::size_t>(iExpected), kFirstElements));
         }
     }
 
@@ -81,13 +81,10 @@ public:
 
     int Size() const { return static_cast<int>(m_elements.size()); }
 
-    /// Makes room for iCount elements in an empty table. Throws `std::bad_alloc`.
-    void Reserve(int iCount)
-    {
-        if (m_elements.empty() && iCount > 0) {
-            MakeFirstRoom(std::max(static_cast<std::size_t>(iCount), kFirstElements));
-        }
-    }
+    /// Makes an empty table a copy of another with the same functions: with its order, hashes and chains, and with an
+    /// element that iReplace makes of each. Throws what iReplace throws, with the elements made before.
+    template <class Replace>
+    void CopyFrom(const KELSysSimpleHashTable& iOther, const Replace& iReplace);
 
     /// Exchanges the elements of two tables that have the same functions.
     void Swap(KELSysSimpleHashTable& ioOther) noexcept
@@ -159,6 +156,7 @@ private:
     void MakeRoom();
     void AddBucket();
     void AddSalt();
+    void LinkAll();
     int& LinkTo(int iIndex);
 
     HashFunction m_hash;
@@ -188,10 +186,30 @@ void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, co
     if (Size() == std::numeric_limits<int>::max()) {
         return nullptr;
     }
-    MakeRoom();
+    if (m_elements.size() == m_elements.capacity() || m_heads.size() < (m_elements.size() + 1) * kBucketsPerElement) {
+        MakeRoom();
+    }
     m_elements.push_back({iElement, hash, kNone});
     Link(Size() - 1);
     return iElement;
+}
+
+template <class Replace>
+void KELSysSimpleHashTable::CopyFrom(const KELSysSimpleHashTable& iOther, const Replace& iReplace)
+{
+    m_elements.reserve(iOther.m_elements.size());
+    m_heads = iOther.m_heads;
+    m_mask = iOther.m_mask;
+    m_isSalted = iOther.m_isSalted;
+    m_salt = iOther.m_salt;
+    try {
+        for (const Element& element : iOther.m_elements) {
+            m_elements.push_back({iReplace(element.element), element.hash, element.next});
+        }
+    } catch (...) {
+        LinkAll(); // no chain leads to an element that is not there
+        throw;
+    }
 }
 
 inline void* KELSysSimpleHashTable::Remove(void* iProbe)
@@ -266,9 +284,16 @@ inline void KELSysSimpleHashTable::AddSalt()
 {
     m_salt = KELHashSalt::Make();
     m_isSalted = true;
+    for (Element& element : m_elements) {
+        element.hash = m_saltedHash(element.element, m_salt);
+    }
+    LinkAll();
+}
+
+inline void KELSysSimpleHashTable::LinkAll()
+{
     std::fill(m_heads.begin(), m_heads.end(), kNone);
     for (int i = 0; i < Size(); ++i) {
-        At(i).hash = m_saltedHash(At(i).element, m_salt);
         Link(i);
     }
 }

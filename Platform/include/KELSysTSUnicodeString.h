@@ -1,7 +1,7 @@
 #ifndef KELSysTSUnicodeString_H
 #define KELSysTSUnicodeString_H
 
-#include <KELUnicodeString.h>
+#include "KELUnicodeString.h"
 
 /// A string of the system-services library, which is built from and read as UTF-8. Used as a plain value.
 class KELSysTSUnicodeString {

@@ -12,6 +12,8 @@
 ///
 /// The text and its terminating zeros, then one byte each for the numbers of bytes and characters, then the hash.
 class KELShortText {
+    using Word = KELUtf8::Word;
+
 public:
     static constexpr std::size_t kLongest = 25; ///< bytes
 
@@ -28,9 +30,16 @@ public:
         Seal(N - 1, KELUtf8::Count(iLiteral, N - 1));
     }
 
+    /// Whether both are the same to the bit.
+    bool IsSame(const KELShortText& iOther) const noexcept
+    {
+        const Word* const other = iOther.m_words;
+        return m_words[3] == other[3] &&
+               ((m_words[0] ^ other[0]) | (m_words[1] ^ other[1]) | (m_words[2] ^ other[2])) == 0;
+    }
+
 private:
     friend class KELUnicodeString;
-    using Word = KELUtf8::Word;
 
     static constexpr unsigned int kLengthShift = 16;
     static constexpr unsigned int kCharactersShift = 24;
@@ -161,6 +170,12 @@ public:
         return !iLeft.IsIdentical(iRight);
     }
 
+    /// Compares with a constant, without making a string of it.
+    friend bool operator==(const KELUnicodeString& iLeft, const KELShortText& iRight) noexcept
+    {
+        return iLeft.m_form.IsSame(iRight);
+    }
+
 private:
     using Word = KELUtf8::Word;
 
@@ -187,7 +202,10 @@ private:
     bool IsSameText(const KELUnicodeString& iOther) const noexcept;
 
     const Word& Last() const noexcept { return m_form.m_words[3]; }
-    bool IsLong() const noexcept { return (Last() & kLong) == kLong; }
+    bool IsLong() const noexcept
+    {
+        return reinterpret_cast<const unsigned char*>(m_form.m_words)[KELShortText::kLongest + 1] == 0xFF;
+    }
 
     KELText& Text() const noexcept
     {
@@ -198,13 +216,7 @@ private:
 
     bool IsIdentical(const KELUnicodeString& iOther) const noexcept
     {
-        const Word* const one = m_form.m_words;
-        const Word* const other = iOther.m_form.m_words;
-        if (one[3] != other[3]) {
-            return false;
-        }
-        return ((one[0] ^ other[0]) | (one[1] ^ other[1]) | (one[2] ^ other[2])) == 0 ||
-               (IsLong() && IsSameText(iOther));
+        return m_form.IsSame(iOther.m_form) || (IsLong() && iOther.IsLong() && IsSameText(iOther));
     }
 
     void AddHolder() const noexcept

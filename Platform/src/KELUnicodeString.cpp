@@ -11,7 +11,7 @@ namespace {
 using Word = KELUtf8::Word;
 
 // Up to 25 bytes as a few loads and stores of fixed sizes, which overlap; a call would cost more.
-void CopyShort(char* oTo, const char* iFrom, std::size_t iLength) noexcept
+inline void CopyShort(char* oTo, const char* iFrom, std::size_t iLength) noexcept
 {
     if (iLength >= 16) {
         std::memcpy(oTo, iFrom, 16);
@@ -111,17 +111,12 @@ KELText* KELUnicodeString::MakeText(const Part& iFirst, const Part& iSecond, con
 
 KELShortText KELUnicodeString::MakeShort(const Part& iFirst, const Part& iSecond, const Part& iThird) noexcept
 {
-    KELShortText form;
-    char* const room = reinterpret_cast<char*>(form.m_words);
-    CopyShort(room, iFirst.bytes, iFirst.length);
+    char bytes[KELShortText::kLongest + 1] = {};
     const std::size_t two = iFirst.length + iSecond.length;
-    CopyShort(room + iFirst.length, iSecond.bytes, iSecond.length);
-    CopyShort(room + two, iThird.bytes, iThird.length);
-    constexpr Word kNotAscii = 0x8080808080808080U;
-    const Word all = form.m_words[0] | form.m_words[1] | form.m_words[2] | form.m_words[3];
-    const std::size_t length = two + iThird.length;
-    form.Seal(length, (all & kNotAscii) == 0 ? static_cast<int>(length) : KELUtf8::Count(room, length));
-    return form;
+    CopyShort(bytes, iFirst.bytes, iFirst.length);
+    CopyShort(bytes + iFirst.length, iSecond.bytes, iSecond.length);
+    CopyShort(bytes + two, iThird.bytes, iThird.length);
+    return KELUnicodeString(bytes, two + iThird.length).m_form;
 }
 
 void KELUnicodeString::Destroy(KELText* iText) noexcept
@@ -132,11 +127,15 @@ void KELUnicodeString::Destroy(KELText* iText) noexcept
 
 KELUnicodeString::KELUnicodeString(const char* iText, std::size_t iLength)
 {
-    if (iLength <= KELShortText::kLongest) {
-        m_form = MakeShort({iText, iLength}, {}, {});
+    if (iLength > KELShortText::kLongest) {
+        Join({iText, iLength}, {}, {});
         return;
     }
-    Join({iText, iLength}, {}, {});
+    char* const room = reinterpret_cast<char*>(m_form.m_words);
+    CopyShort(room, iText, iLength);
+    constexpr Word kNotAscii = 0x8080808080808080U;
+    const Word all = m_form.m_words[0] | m_form.m_words[1] | m_form.m_words[2] | m_form.m_words[3];
+    m_form.Seal(iLength, (all & kNotAscii) == 0 ? static_cast<int>(iLength) : KELUtf8::Count(room, iLength));
 }
 
 // Shows a new text of these parts, which may lie in the old one.

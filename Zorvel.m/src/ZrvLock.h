@@ -1,6 +1,7 @@
 #ifndef ZrvLock_H
 #define ZrvLock_H
 
+#include "KELInline.h"
 #include "KELMutex.h"
 #include "KELThreadSafety.h"
 
@@ -9,10 +10,10 @@
 /// Holds a mutex for the length of a scope, an exit by exception included.
 class KEL_SCOPED_CAPABILITY ZrvLock {
 public:
-    explicit ZrvLock(KELMutex& ioMutex) KEL_ACQUIRE(ioMutex) : m_mutex(ioMutex) { m_mutex.Lock(); }
+    KEL_ALWAYS_INLINE explicit ZrvLock(KELMutex& ioMutex) KEL_ACQUIRE(ioMutex) : m_mutex(ioMutex) { m_mutex.Lock(); }
     ZrvLock(const ZrvLock&) = delete;
     ZrvLock& operator=(const ZrvLock&) = delete;
-    ~ZrvLock() KEL_RELEASE() { m_mutex.Unlock(); }
+    KEL_ALWAYS_INLINE ~ZrvLock() KEL_RELEASE() { m_mutex.Unlock(); }
 
 private:
     KELMutex& m_mutex;

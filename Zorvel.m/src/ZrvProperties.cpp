@@ -148,7 +148,7 @@ ZrvRC ZrvProperties::SetProperty(const KELUnicodeString& iPropertyName, const Zr
     if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
-    if (m_PropertiesData->AssignIfSameClass(iPropertyName, iValue)) {
+    if (m_PropertiesData->AssignIfSameClass(iPropertyName, iValue)) [[likely]] {
         return ZrvRC::zrvEC_OK;
     }
     if (!g_check.HasType(iValue)) {

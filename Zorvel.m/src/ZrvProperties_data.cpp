@@ -85,16 +85,16 @@ bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, c
 {
     const ZrvValueClass* const valueClass = ZrvValueClass::Find(iPropertyType);
     if (!valueClass) {
-        return false;
+        return m_propertyMap.Contains(iPropertyName) != 0;
     }
     ZrvPropertiesContents::Pool::Owner property = m_propertyPool.Make(*valueClass);
     const int added = m_propertyMap.Add(iPropertyName, property.get());
     if (added == 0) { // there is an entry, which may lack a property
-        ZrvProperty*& held = *m_propertyMap.Locate(iPropertyName);
-        if (held) {
+        ZrvProperty** const held = m_propertyMap.Locate(iPropertyName);
+        if (*held) {
             return true;
         }
-        held = property.get();
+        *held = property.get();
     }
     if (added >= 0) {
         property->SetPrototype(std::move(ioPropertyPrototype));
@@ -150,7 +150,7 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, 
     }
     const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
     const ZrvPropertyDefinition* const declared = prototype ? prototype->GetPropertyDefinition(iPropertyName) : nullptr;
-    if (declared && !declared->PeekPrototype() && !m_propertyMap.Contains(iPropertyName)) {
+    if (declared && !declared->PeekPrototype()) {
         ZrvProperty::Prototype none;
         return OkIf(Instantiate_Int(iPropertyName, declared->PeekType(), none));
     }
@@ -324,16 +324,22 @@ ZrvRC ZrvPropertiesData::SetProperty(const KELUnicodeString& iPropertyName, cons
 
 bool ZrvPropertiesData::AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
 {
-    ZrvValueHolder givenUp;
+    KELReference<KELSysTSBaseUnknown> object; // the new one, then the old one
     const ZrvLock lock(m_mutex);
-    ZrvProperty* const property = Find_Int(iPropertyName);
+    ZrvProperty* property = Find_Int(iPropertyName);
     if (!property || !property->HasClassOf(iValue)) {
         return false;
     }
-    if (!property->ValueClass()->HasObjects()) {
+    if (!property->HasObject()) [[likely]] {
         property->Assign(iValue);
         return true;
     }
-    givenUp.MakeCopy(*property->ValueClass(), iValue); // may call the host
-    return !SwapValue_Int(iPropertyName, givenUp).IsError();
+    using ObjectValue = ZrvValueClass::ObjectValue;
+    object = KELReference<KELSysTSBaseUnknown>::Adopt(static_cast<const ObjectValue&>(iValue).ObjectValue::GetValue());
+    property = Find_Int(iPropertyName); // counting an object may call the host
+    if (!property || !property->HasObject()) {
+        return false;
+    }
+    property->SwapObject(object);
+    return true;
 }

@@ -80,15 +80,20 @@ private:
     ZrvRC PutCopy_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue, ZrvGivenUp& ioGivenUp)
         KEL_REQUIRES(m_mutex);
 
-    /// Makes copies of all properties without asking one by one whether they may be there.
-    /// \param iIsAssigned a copy has the nested prototype that is declared, and no parameters
+    /// Copies of all properties: of all at once, or one by one. An assigned one has the nested prototype that is declared,
+    /// and no parameters. The last adds, to a copy of the entry at a position, what is counted.
     /// @{
     void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
-    void CopyEntryTo_Int(ZrvPropertiesContents& oCopy, int iIndex, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    void CopyCounted_Int(int iIndex, const PropertyMap::Entry& iCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     /// @}
 
-    /// Whether an assignment from this set may copy all properties: each has the type that its declaration gives.
+    /// Whether each entry has a name and a value of one of the nine classes, so that all can be copied at once; and
+    /// whether, then, each has the type that a plain prototype declares, so that an assignment may do so.
+    /// @{
+    bool IsWhole_Int() const KEL_REQUIRES(m_mutex);
     bool IsAsDeclared_Int() const KEL_REQUIRES(m_mutex);
+    /// @}
 
     /// Move everything out of the set, which is then free and empty, or into such a set. Call no host.
     /// @{
@@ -109,8 +114,8 @@ private:
     /// Whether the prototype allows the name; a free set allows any.
     bool IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
 
-    /// Makes a default property and puts it under a name that has none; false for an unknown type name. Calls no host. A
-    /// map that takes no more entries, which reports that itself, leaves no property behind.
+    /// Makes a default property and puts it under a name, unless there is one; false for an unknown type name and none.
+    /// Calls no host. A map that takes no more entries, which reports that itself, leaves no property behind.
     /// \param ioPropertyPrototype is given to the property; stays as it is when there is no new one
     bool Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                          ZrvProperty::Prototype& ioPropertyPrototype) KEL_REQUIRES(m_mutex);

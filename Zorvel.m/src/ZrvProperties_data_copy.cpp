@@ -5,7 +5,6 @@
 #include "ZrvPrototypeImpl.h"
 
 #include <cstddef>
-#include <memory>
 #include <utility>
 
 // What copies between two sets.
@@ -40,75 +39,103 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     ZrvPropertiesContents copy;
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     copy.prototype = iSource.m_pPrototype;
-    const bool isCopied = iSource.IsAsDeclared_Int();
+    const bool isCopied = iSource.IsWhole_Int() && iSource.IsAsDeclared_Int();
     if (isCopied) {
         iSource.CopyAllTo_Int(copy, true);
     }
     GiveUpAll_Int(old);
     TakeAll_Int(copy);
     if (!isCopied) {
-        static_cast<void>(SetFromProperties_Int(iSource, givenUp));
+        static_cast<void>(SetFromProperties_Int(iSource, givenUp)); // an assignment has no result
     }
     return *this;
 }
 
-bool ZrvPropertiesData::IsAsDeclared_Int() const
+bool ZrvPropertiesData::IsWhole_Int() const
 {
-    const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
-    if (m_pPrototype && !prototype) {
-        return false;
-    }
     for (int i = 0; i < m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const entry = m_propertyMap.At(i);
-        const ZrvValueClass* const valueClass = entry && entry->value ? entry->value->ValueClass() : nullptr;
-        if (!valueClass || entry->key.GetLengthInChar() == 0) {
-            return false;
-        }
-        const ZrvPropertyDefinition* const declared =
-            prototype ? prototype->GetPropertyDefinition(entry->key) : nullptr;
-        if (prototype && !(declared && declared->PeekType() == valueClass->TypeName())) {
+        if (!entry || entry->key.GetLengthInChar() == 0 || !entry->value || !entry->value->ValueClass()) {
             return false;
         }
     }
     return true;
 }
 
+bool ZrvPropertiesData::IsAsDeclared_Int() const
+{
+    const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
+    for (int i = 0; prototype && i < m_propertyMap.Size(); ++i) {
+        const PropertyMap::Entry& entry = *m_propertyMap.At(i);
+        const ZrvPropertyDefinition* const declared = prototype->GetPropertyDefinition(entry.key);
+        if (!declared || declared->PeekType() != entry.value->ValueClass()->TypeName()) {
+            return false;
+        }
+    }
+    return prototype || !m_pPrototype;
+}
+
+// First all names and plain values, while no host is called that could change this set; then, one by one, what is
+// counted. The copy is nobody else's yet.
 void ZrvPropertiesData::CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const
 {
-    oCopy.map.Reserve(m_propertyMap.Size());
     oCopy.pool.Reserve(static_cast<std::size_t>(m_propertyMap.Size()));
+    const auto copyValue = [&oCopy](const PropertyMap::Entry& iEntry) {
+        return oCopy.pool.Make(*iEntry.value).release();
+    };
+    if (!IsWhole_Int() || !oCopy.map.CopyFrom(m_propertyMap, copyValue)) {
+        CopyOneByOneTo_Int(oCopy, iIsAssigned);
+        return;
+    }
+    for (int i = 0; i < oCopy.map.Size(); ++i) {
+        CopyCounted_Int(i, *oCopy.map.At(i), iIsAssigned);
+    }
+}
+
+// Leaves out entries that lack their name or their property. Works over any table.
+void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const
+{
     for (int i = 0; i < m_propertyMap.Size(); ++i) {
-        const PropertyMap::Entry* const entry = m_propertyMap.At(i);
-        if (entry && entry->key.GetLengthInChar() > 0 && entry->value) {
-            CopyEntryTo_Int(oCopy, i, iIsAssigned);
+        const PropertyMap::Entry* const source = m_propertyMap.At(i);
+        if (!source || source->key.GetLengthInChar() == 0 || !source->value) {
+            continue;
+        }
+        ZrvPropertiesContents::Pool::Owner property = oCopy.pool.Make(*source->value);
+        if (oCopy.map.Add(source->key, property.get()) == 1) {
+            const PropertyMap::Entry copy{source->key, property.release()};
+            CopyCounted_Int(i, copy, iIsAssigned);
         }
     }
 }
 
-void ZrvPropertiesData::CopyEntryTo_Int(ZrvPropertiesContents& oCopy, int iIndex, bool iIsAssigned) const
+void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iCopy, bool iIsAssigned) const
 {
-    const PropertyMap::Entry* entry = m_propertyMap.At(iIndex);
-    const KELUnicodeString name = entry->key;
-    ZrvProperty::Prototype propertyPrototype;
-    std::unique_ptr<ZrvProperties> parameters;
-    if (!iIsAssigned) {
-        propertyPrototype = entry->value->PeekPrototype();
-        parameters = m_propertyMap.At(iIndex) == entry ? entry->value->CopyParameters() : nullptr;
-    } else if (const ZrvPrototypeImpl* const prototype = PlainPrototype_Int()) {
-        const ZrvPropertyDefinition* const declared = prototype->GetPropertyDefinition(name);
-        propertyPrototype = declared ? declared->PeekPrototype() : nullptr;
+    // Looked up anew each time: counting may call the host.
+    const auto findSource = [&]() -> const ZrvProperty* {
+        const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
+        const bool isSame = entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
+        return isSame ? entry->value : nullptr;
+    };
+    const ZrvProperty* source = m_propertyMap.At(iIndex)->value;
+    if (source->HasObject()) {
+        KELReference<KELSysTSBaseUnknown> object = source->GetObject();
+        iCopy.value->SwapObject(object);
+        source = findSource();
     }
-    if (propertyPrototype || parameters) { // the host may have been called
-        entry = m_propertyMap.At(iIndex);
-        if (!entry || entry->key != name || !entry->value) {
-            return;
+    if (iIsAssigned) {
+        const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
+        const ZrvPropertyDefinition* const declared = prototype ? prototype->GetPropertyDefinition(iCopy.key) : nullptr;
+        if (declared && declared->PeekPrototype()) {
+            iCopy.value->SetPrototype(ZrvProperty::Prototype(declared->PeekPrototype()));
         }
+        return;
     }
-    ZrvPropertiesContents::Pool::Owner property = oCopy.pool.Make(entry->value->Value());
-    property->SetPrototype(std::move(propertyPrototype));
-    property->SetParameters(std::move(parameters));
-    if (oCopy.map.Add(name, property.get()) == 1) {
-        static_cast<void>(property.release());
+    if (source && source->PeekPrototype()) {
+        iCopy.value->SetPrototype(ZrvProperty::Prototype(source->PeekPrototype()));
+        source = findSource();
+    }
+    if (source) {
+        iCopy.value->SetParameters(source->CopyParameters());
     }
 }
 
@@ -133,7 +160,7 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource,
     for (int i = 0; i < iSource.m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const source = iSource.m_propertyMap.At(i);
         const ZrvProperty* const held = source ? FindLike_Int(*source, i) : nullptr;
-        objects += held && held->ValueClass()->HasObjects() ? 1 : 0;
+        objects += held && held->HasObject() ? 1U : 0U;
         if (source && !held) {
             ZrvRC rc = CheckCopy_Int(*source, ioGivenUp);
             if (rc.IsError()) {
@@ -150,7 +177,7 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource,
             continue;
         }
         ZrvProperty* const held = FindLike_Int(*source, i);
-        if (held && !held->ValueClass()->HasObjects()) {
+        if (held && !held->HasObject()) {
             held->Assign(*source->value->GetValue());
             result = ZrvRC::zrvEC_OK;
             continue;
@@ -209,5 +236,5 @@ ZrvRC ZrvPropertiesData::PutCopy_Int(const KELUnicodeString& iPropertyName, ZrvV
     }
     const bool isSet = !SwapValue_Int(iPropertyName, ioValue).IsError();
     return g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )") ? ZrvRC::zrvEC_OK
-                                                                                                  : ZrvRC::zrvEC_Error;
+                                                                                                   : ZrvRC::zrvEC_Error;
 }

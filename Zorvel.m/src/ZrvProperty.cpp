@@ -17,9 +17,9 @@ ZrvProperty::ZrvProperty(const ZrvValueClass& iClass)
     m_value.MakeDefault(iClass);
 }
 
-ZrvProperty::ZrvProperty(const ZrvValueHolder& iValue)
+ZrvProperty::ZrvProperty(const ZrvProperty& iOther)
 {
-    m_value.MakeCopy(iValue);
+    m_value.MakeUncounted(iOther.m_value);
 }
 
 ZrvProperty::~ZrvProperty()
@@ -75,7 +75,11 @@ ZrvProperty* ZrvProperty::Duplicate() const
     if (!g_check.IsThere(m_value.get() != nullptr, "m_value")) {
         return nullptr;
     }
-    auto copy = std::make_unique<ZrvProperty>(m_value);
+    auto copy = std::make_unique<ZrvProperty>(*this);
+    if (HasObject()) {
+        KELReference<KELSysTSBaseUnknown> object = GetObject();
+        copy->SwapObject(object);
+    }
     copy->SetParameters(CopyParameters());
     copy->SetPrototype(m_pPropertyPrototype);
     return copy.release();

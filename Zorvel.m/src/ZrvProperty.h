@@ -25,10 +25,9 @@ public:
     /// A property with the default value of a class. Calls no host.
     explicit ZrvProperty(const ZrvValueClass& iClass);
 
-    /// A property with a copy of a value, which is read no more once the host has been called.
-    explicit ZrvProperty(const ZrvValueHolder& iValue);
-
-    ZrvProperty(const ZrvProperty&) = delete;
+    /// A property with a copy of another's value, but without what is counted: objects, the nested prototype and the
+    /// parameters. Calls no host.
+    ZrvProperty(const ZrvProperty& iOther);
     ZrvProperty& operator=(const ZrvProperty&) = delete;
     virtual ~ZrvProperty();
 
@@ -57,6 +56,21 @@ public:
 
     /// Assigns a value of the same class, which has no objects. Calls no host.
     void Assign(const ZrvPropertyValueBase& iValue) { ValueClass()->assign(*m_value.get(), iValue); }
+
+    /// The object, with a reference. Calls the host.
+    KELReference<KELSysTSBaseUnknown> GetObject() const
+    {
+        return KELReference<KELSysTSBaseUnknown>::Adopt(ObjectValue().GetValue());
+    }
+
+    /// Exchanges the object for another. Calls no host.
+    void SwapObject(KELReference<KELSysTSBaseUnknown>& ioObject)
+    {
+        static_cast<ZrvValueClass::ObjectValue&>(*m_value.get()).Swap(ioObject);
+    }
+
+    /// Whether the value refers to an object, so that copying it may call the host.
+    bool HasObject() const { return ValueClass() && ValueClass()->hasObjects; }
 
     /// Exchanges the value with one of the same class. Calls no host.
     void SwapValue(ZrvValueHolder& ioValue) { m_value.Swap(ioValue); }
@@ -88,6 +102,11 @@ public:
                                 ZrvConstPropertiesPrototype* iPropertyPrototype);
 
 private:
+    const ZrvValueClass::ObjectValue& ObjectValue() const
+    {
+        return static_cast<const ZrvValueClass::ObjectValue&>(*m_value.get());
+    }
+
     ZrvValueHolder m_value;
     std::unique_ptr<ZrvProperties> m_pParameters;
     Prototype m_pPropertyPrototype;

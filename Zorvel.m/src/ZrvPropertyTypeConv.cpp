@@ -21,7 +21,7 @@ KELUnicodeString ZrvPropertyTypeConv::GetAsUnicode(ZrvPropertyType iType)
 ZrvPropertyType ZrvPropertyTypeConv::GetEnum(const KELUnicodeString& iTypeName)
 {
     KELINT32 type = 0;
-    while (type < zrvPT_Undefined && iTypeName != KELUnicodeString(g_typeNames[type])) {
+    while (type < zrvPT_Undefined && !(iTypeName == g_typeNames[type])) {
         ++type;
     }
     return static_cast<ZrvPropertyType>(type);

@@ -5,8 +5,6 @@
 
 namespace {
 
-using ObjectReference = KELReference<KELSysTSBaseUnknown>;
-
 template <class T>
 constexpr bool g_isObject = std::is_same_v<T, KELSysTSBaseUnknown*>;
 
@@ -64,7 +62,7 @@ ZrvPropertyValueBase* MakeAnswer(void* iRoom, const ZrvPropertyValueBase& iValue
         return nullptr;
     }
     if constexpr (g_isObject<T>) {
-        const auto object = ObjectReference::Adopt(value->GetValue());
+        const auto object = ZrvPropertyValue<T>::Contents::Adopt(value->GetValue());
         return ::new (iRoom) ZrvPropertyValue<T>(object.Get());
     } else {
         return ::new (iRoom) ZrvPropertyValue<T>(value->GetValue());
@@ -83,26 +81,10 @@ void Swap(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther)
     As<T>(ioValue).Swap(As<T>(ioOther));
 }
 
-using TakeObjectFunction = ObjectReference (*)(ZrvPropertyValueBase& ioValue);
-
-template <class T>
-constexpr TakeObjectFunction TakeObjectOf()
-{
-    if constexpr (g_isObject<T>) {
-        return [](ZrvPropertyValueBase& ioValue) {
-            ObjectReference object;
-            As<T>(ioValue).Swap(object);
-            return object;
-        };
-    } else {
-        return nullptr;
-    }
-}
-
 const ZrvValueClass g_classes[] = {
 #define ZRV_VALUE_CLASS(id, name, type)                                                                                \
     {&typeid(ZrvPropertyValue<type>), zrvPT_##id,    &MakeDefault<type>, &MakeCopy<type>,                              \
-     &MakeAnswer<type>,               &Assign<type>, &Swap<type>,        TakeObjectOf<type>()},
+     &MakeAnswer<type>,               &Assign<type>, &Swap<type>,        g_isObject<type>},
     ZRV_PROPERTY_TYPES(ZRV_VALUE_CLASS)
 #undef ZRV_VALUE_CLASS
 };

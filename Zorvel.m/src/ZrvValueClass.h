@@ -29,11 +29,9 @@ struct ZrvValueClass {
     void (*assign)(ZrvPropertyValueBase& ioValue, const ZrvPropertyValueBase& iOther);
     void (*swap)(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther);
 
-    /// Takes the object out of a value; null for a class whose values refer to none.
-    KELReference<KELSysTSBaseUnknown> (*takeObject)(ZrvPropertyValueBase& ioValue);
-
-    /// Whether copying a value counts an object, which may call the host.
-    bool HasObjects() const { return takeObject != nullptr; }
+    /// Whether values refer to objects, so that copying one counts and may call the host. It is then `ObjectValue`.
+    bool hasObjects;
+    using ObjectValue = ZrvPropertyValue<KELSysTSBaseUnknown*>;
 
     KELUnicodeString TypeName() const { return ZrvPropertyTypeConv::GetAsUnicode(type); }
 
@@ -69,6 +67,14 @@ public:
         Place(iClass, iClass.makeCopy(m_room, iValue));
     }
     void MakeCopy(const ZrvValueHolder& iOther);
+    void MakeUncounted(const ZrvValueHolder& iOther) // a copy, but without an object
+    {
+        if (iOther.m_class && iOther.m_class->hasObjects) {
+            MakeDefault(*iOther.m_class);
+        } else {
+            MakeCopy(iOther);
+        }
+    }
     bool MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue);
     void Take(ZrvPropertyValueBase* iValue) noexcept { m_value = iValue; }
     /// @}
@@ -82,7 +88,11 @@ public:
     /// Takes the object out of the value, if it has one.
     KELReference<KELSysTSBaseUnknown> TakeObject()
     {
-        return m_class && m_class->HasObjects() ? m_class->takeObject(*m_value) : KELReference<KELSysTSBaseUnknown>();
+        KELReference<KELSysTSBaseUnknown> object;
+        if (m_class && m_class->hasObjects) {
+            static_cast<ZrvValueClass::ObjectValue&>(*m_value).Swap(object);
+        }
+        return object;
     }
 
     ZrvPropertyValueBase* get() const noexcept { return m_value; }

@@ -1,13 +1,15 @@
-#include "CheckRecorder.h"
-#include "PropertyAccess.h"
-#include "PropertyTable.h"
 #include "Y4mMeter.h"
 #include "Y4mReader.h"
+#include "Y4mText.h"
+#include "ZrvPropertyAccess.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <sstream>
 #include <stdexcept>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -29,67 +31,44 @@ struct Chain {
     }
 };
 
-TEST(Y4mMeter, MeasuresEveryPlaneOfOddSizes)
+// A frame whose planes, of that many samples, are flat: the last one has the greatest sample.
+std::string MakeFrame(const std::vector<std::size_t>& iPlanes, unsigned iGreatest, bool iIsWide)
 {
-    struct Case {
-        const char* colourSpace;
-        std::size_t chroma;
-    };
-    for (const auto& [colourSpace, chroma] :
-         {Case{"", 6}, Case{" C420", 6}, Case{" C420jpeg", 6}, Case{" C420mpeg2", 6}, Case{" C420paldv", 6},
-          Case{" C422", 9}, Case{" C444", 15}, Case{" Cmono", 0}}) {
-        SCOPED_TRACE(colourSpace);
-        const auto planes = [size = chroma](char iLuma, char iCb, char iCr) {
-            return std::string(15, iLuma) + std::string(size, iCb) + std::string(size, iCr);
-        };
-        std::istringstream input(std::string("YUV4MPEG2 W5 H3") + colourSpace + "\nFRAME Ippp Xnote\n" +
-                                 planes(1, 2, 3) + "FRAME\n" + planes(char(100), char(150), char(255)));
-        Chain chain;
-        ASSERT_TRUE(chain.Open(input).IsValid());
-        const ZrvProperties& measured = chain.meter.GetProperties();
-        EXPECT_TRUE(measured.HasProperty(kY4mFrameCount)) << "also before the first frame";
-        for (const auto& [luma, cb, cr] : {std::array{1.F, 2.F, 3.F}, std::array{100.F, 150.F, 255.F}}) {
-            ASSERT_TRUE(chain.Step() == ZrvRC::zrvEC_OK);
-            const auto means = Read<KELRawCollfloat>(measured, kY4mPlaneMeans);
-            ASSERT_EQ(means.Size(), 3);
-            EXPECT_EQ(means[1], luma);
-            EXPECT_EQ(means[2], chroma == 0 ? 0.F : cb);
-            EXPECT_EQ(means[3], chroma == 0 ? 0.F : cr);
-            EXPECT_EQ(float(*Read<unsigned char*>(measured, kY4mFrameBytes)), luma);
+    std::string frame = "FRAME Ippp Xnote\n";
+    for (std::size_t plane = 0; plane < iPlanes.size(); ++plane) {
+        const unsigned sample = iGreatest + 1 - unsigned(iPlanes.size() - plane);
+        for (std::size_t i = 0; i < iPlanes[plane]; ++i) {
+            frame.append({char(sample), char(sample >> 8U)}, 0, iIsWide ? 2 : 1);
         }
-        EXPECT_EQ(Read<KELINT32>(measured, kY4mFrameCount), 2);
-        EXPECT_TRUE(chain.Step() == ZrvRC::zrvEC_NothingDone);
     }
+    return frame;
 }
 
-TEST(Y4mReader, PublishesWhatTheHeaderSays)
+TEST(Y4mMeter, MeasuresEveryPlaneOfOddSizes)
 {
-    struct Case {
-        const char* tags;
-        const char* values; // frame rate, pixel aspect, interlaced, colour space, title
-    };
-    for (const auto& [tags, values] : {
-             Case{"", "0 0 0 420jpeg untitled"},
-             Case{"F30000:1001 A10:11 Ip C422 XTITLE=Waves", "29.97 0.909091 0 422 Waves"},
-             Case{"F0:0 A0:0 I? Cmono XYSCSS=none Q7", "0 0 0 mono untitled"},
-             Case{" F4294967295:1  A1:1 It ", "4.29497e+09 1 1 420jpeg untitled"},
-             Case{"F0:1 Ib", "0 0 1 420jpeg untitled"},
-             Case{"F25:1 Im X XTITLE=", "25 0 1 420jpeg untitled"},
-         }) {
-        SCOPED_TRACE(tags);
-        std::istringstream input(std::string("YUV4MPEG2 W16384 H1 ") + tags + "\n");
+    const std::tuple<const char*, KELUINT32, std::vector<std::size_t>> colourSpaces[] = {
+        {"Q", 8, {15, 6, 6}},      {"C420paldv", 8, {15, 6, 6}},       {"C411", 8, {15, 6, 6}}, // of 5 x 3 pixels
+        {"C422", 8, {15, 9, 9}},   {"C444alpha", 8, {15, 15, 15, 15}}, {"Cmono", 8, {15}},
+        {"C420p9", 9, {15, 6, 6}}, {"C422p10", 10, {15, 9, 9}},        {"C444p16", 16, {15, 15, 15}},
+        {"Cmono12", 12, {15}}};
+    for (const auto& [colourSpace, depth, planes] : colourSpaces) {
+        SCOPED_TRACE(colourSpace);
+        const unsigned greatest = (1U << depth) - 1;
+        std::istringstream input(std::string("YUV4MPEG2 W5 H3 ") + colourSpace + "\n" +
+                                 MakeFrame(planes, greatest - 40, depth > 8) + MakeFrame(planes, greatest, depth > 8));
         Chain chain;
         ASSERT_TRUE(chain.Open(input).IsValid());
-        const ZrvProperties& stream = chain.meter.GetStreamProperties();
-        std::ostringstream text;
-        text << Read<double>(stream, kY4mFrameRate) << ' ' << Read<float>(stream, kY4mPixelAspect) << ' '
-             << int(Read<KELBoolean>(stream, kY4mInterlaced)) << ' '
-             << Read<KELUnicodeString>(stream, kY4mColourSpace).ConvertToChar() << ' '
-             << Read<KELUnicodeString>(stream, kY4mTitle).ConvertToChar();
-        EXPECT_EQ(text.str(), values);
-        EXPECT_EQ(Read<KELUINT32>(stream, kY4mWidth), 16384U);
-        EXPECT_EQ(Read<KELUINT32>(stream, kY4mHeight), 1U);
-        EXPECT_TRUE(chain.Step() == ZrvRC::zrvEC_NothingDone) << "a stream without frames is a good one";
+        for (float expected : {float(greatest) - 40, float(greatest)}) {
+            ASSERT_TRUE(chain.Step() == ZrvRC::zrvEC_OK);
+            const auto means = ZrvReadProperty<KELRawCollfloat>(chain.meter.GetProperties(), kY4mPlaneMeans);
+            ASSERT_EQ(means.Size(), int(planes.size()));
+            for (int plane = means.Size(); plane > 0; --plane) {
+                EXPECT_EQ(means[plane], expected--);
+            }
+        }
+        EXPECT_TRUE(chain.Step() == ZrvRC::zrvEC_NothingDone);
+        EXPECT_EQ(ZrvReadProperty<KELINT32>(chain.meter.GetProperties(), kY4mFrameCount), 2);
+        EXPECT_EQ(ZrvReadProperty<KELUINT32>(chain.meter.GetStreamProperties(), kY4mBitDepth), depth);
     }
 }
 
@@ -103,68 +82,69 @@ std::string ReadAll(std::streambuf& ioBytes)
     return std::to_string(frames) + ": " + rc.Dump();
 }
 
-struct BadStream {
-    std::string text;
-    std::string message;
-};
+using Case = std::pair<std::string, std::string>; // a text, and what is expected of it
 
-TEST(Y4mStream, RefusesBadHeadersWithOneSentence)
+TEST(Y4mReader, PublishesWhatTheHeaderSays)
 {
-    const std::string notAStream = "the input does not start as a YUV4MPEG2 stream";
-    const std::string start = "YUV4MPEG2 W2 H2 ";
-    const BadStream headers[] = {
-        {"", notAStream},
-        {"YUV4MPEG2X W2 H2\n", notAStream},
-        {std::string(100000, 'Y'), notAStream},
-        {start, "the stream is cut short within a line"},
-        {start + "X" + std::string(100000, 'x'), "a line is too long"},
-        {"YUV4MPEG2 H2\n", "no width is given"},
-        {"YUV4MPEG2 W2\n", "no height is given"},
-        {start + "W0\n", "a width of '0' is not between 1 and 16384"},
-        {start + "H-2\n", "a height of '-2' is not between 1 and 16384"},
-        {start + "W16385\n", "a width of '16385' is not between 1 and 16384"},
-        {start + "H4294967297\n", "a height of '4294967297' is not between 1 and 16384"},
-        {start + "W2\x1B[\n", "a width of '2?[' is not between 1 and 16384"},
-        {start + "F25\n", "a frame rate of '25' is not a ratio of two numbers"},
-        {start + "F25:0\n", "a frame rate of '25:0' is not a ratio of two numbers"},
-        {start + "A1:x\n", "a pixel aspect of '1:x' is not a ratio of two numbers"},
-        {start + "Ix\n", "an interlacing of 'x' is not known"},
-        {start + "I\n", "an interlacing of '' is not known"},
-        {start + "C420p10\n", "the colour space '420p10' is not supported (only 420, 420jpeg, 420mpeg2, 420paldv, "
-                              "422, 444, mono)"},
+    const Case headers[] = {
+        {"", "unknown unknown unknown 420jpeg untitled"},
+        {"F30000:1001 A10:11 Ip C422 XTITLE=Waves", "30000/1001 10/11 none 422 Waves"},
+        {"F0:0 A0:0 I? Cmono16 XYSCSS=none Q7", "unknown unknown unknown mono16 untitled"},
+        {" F4294967295:1  A1:1 It ", "4294967295/1 1/1 top field first 420jpeg untitled"},
+        {"F0:1 Ib", "unknown unknown bottom field first 420jpeg untitled"},
+        {"F25:1 Im X XTITLE=", "25/1 unknown mixed 420jpeg untitled"},
     };
-    for (const auto& [text, message] : headers) {
-        std::stringbuf bytes(text);
-        EXPECT_EQ(ReadAll(bytes), "0: " + message + ", in the header") << text.substr(0, 100);
+    for (const auto& [tags, values] : headers) {
+        std::istringstream input("YUV4MPEG2 W16777216 H1 " + tags + "\n");
+        Chain chain;
+        ASSERT_TRUE(chain.Open(input).IsValid()) << tags;
+        const ZrvProperties& stream = chain.meter.GetStreamProperties();
+        std::ostringstream text;
+        text << ZrvReadProperty<KELUINT32>(stream, kY4mWidth) << 'x' << ZrvReadProperty<KELUINT32>(stream, kY4mHeight);
+        for (const auto* name : {&kY4mFrameRate, &kY4mPixelAspect, &kY4mInterlacing, &kY4mColourSpace, &kY4mTitle}) {
+            text << ' ' << ZrvReadProperty<KELUnicodeString>(stream, *name, "missing");
+        }
+        EXPECT_EQ(text.str(), "16777216x1 " + values);
+        EXPECT_TRUE(chain.Step() == ZrvRC::zrvEC_NothingDone) << "a stream without frames is a good one";
     }
 }
 
-TEST(Y4mStream, RefusesBadFramesWithOneSentence)
+TEST(Y4mStream, SaysInOneSentenceWhatIsBroken)
 {
-    const BadStream frames[] = {
-        {"FRA", "0: the stream is cut short within a line, in frame 1"},
-        {"FRAME I", "0: the stream is cut short within a line, in frame 1"},
-        {"FRAME " + std::string(100000, 'x'), "0: a line is too long, in frame 1"},
-        {"FRAMES\nabcd", "0: 'FRAME' is not there, in frame 1"},
-        {"FRAME\nabc", "0: the stream is cut short after 3 of 4 bytes, in frame 1"},
-        {"FRAME\nabcdFRAME\n", "1: the stream is cut short after 0 of 4 bytes, in frame 2"},
-        {"FRAME\nabcd\n", "1: 'FRAME' is not there, in frame 2"},
-        {"FRAME\nabcdEnd", "1: 'FRAME' is not there, in frame 2"},
+    const std::string start = "YUV4MPEG2 W2 H2 ";
+    const std::string good = start + "Cmono10\nFRAME\nabcdefgh";
+    const Case streams[] = {
+        {"", "0: the input is empty"},
+        {"YUV4MPEG2 W2 H", "0: the header is cut short after 14 bytes"},
+        {"YUV4MPEG2X W2 H2\n", "0: the input does not start as a YUV4MPEG2 stream, in the header"},
+        {std::string(100000, 'Y'), "0: the input does not start as a YUV4MPEG2 stream, in the header"},
+        {start + std::string(100000, 'x'), "0: the header is too long"},
+        {"YUV4MPEG2 W2\n", "0: no height is given, in the header"},
+        {start + "W0\n", "0: a width of '0' is not between 1 and 16777216, in the header"},
+        {start + "H16777217\n", "0: a height of '16777217' is not between 1 and 16777216, in the header"},
+        {start + "F25:0\n", "0: a frame rate of '25:0' is not a ratio of two numbers, in the header"},
+        {start + "A1:x\x1B\n", "0: a pixel aspect of '1:x?' is not a ratio of two numbers, in the header"},
+        {start + "I\n", "0: an interlacing of '' is not known, in the header"},
+        {start + "C420p17\n",
+         "0: the colour space '420p17' is not supported (only 420, 420jpeg, 420mpeg2, 420paldv, "
+         "411, 422, 444, 444alpha, mono, 420p9..16, 422p9..16, 444p9..16, mono9..16), in the header"},
+        {good + "FRAME I", "1: the stream is cut short within a line, in frame 2"},
+        {good + "FRAME " + std::string(100000, 'x'), "1: a line is too long, in frame 2"},
+        {good + "FRAMES\nabcdefgh", "1: 'FRAME' is not there, in frame 2"},
+        {good + "FRAME\n", "1: the stream is cut short after 0 of 8 bytes, in frame 2"},
+        {"YUV4MPEG2 W16777216 H16777216\nFRAME\nabc", // and takes no such memory
+         "0: the stream is cut short after 3 of 422212465065984 bytes, in frame 1"},
     };
-    for (const auto& [text, message] : frames) {
-        std::stringbuf bytes("YUV4MPEG2 W2 H2 Cmono\n" + text);
-        EXPECT_EQ(ReadAll(bytes), message);
+    for (const auto& [text, sentence] : streams) {
+        std::stringbuf bytes(text);
+        EXPECT_EQ(ReadAll(bytes), sentence);
     }
-    std::stringbuf huge("YUV4MPEG2 W16384 H16384\nFRAME\nabc"); // and takes no such memory
-    EXPECT_EQ(ReadAll(huge), "0: the stream is cut short after 3 of 402653184 bytes, in frame 1");
 }
 
 // Input that gives its text and breaks then, as a disk does.
-class BrokenBuffer : public std::stringbuf {
-public:
+struct BrokenBuffer : std::stringbuf {
     using std::stringbuf::stringbuf;
 
-protected:
     int_type underflow() override
     {
         const int_type next = std::stringbuf::underflow();
@@ -177,22 +157,8 @@ TEST(Y4mStream, TellsBrokenInputFromShortInput)
     const std::string header = "YUV4MPEG2 W2 H2 Cmono\n";
     for (const std::string& text : {std::string(), header, header + "FRAME\nabcd", header + "FRAME\na"}) {
         BrokenBuffer bytes(text);
-        EXPECT_EQ(ReadAll(bytes).find("the input can not be read further"), 3U) << text;
+        EXPECT_EQ(ReadAll(bytes).find("the input cannot be read"), 3U) << text;
     }
-}
-
-TEST(Y4mMeter, RefusesWhatIsNoFrame)
-{
-    std::istringstream input("YUV4MPEG2 W2 H2\n");
-    Chain chain;
-    ASSERT_TRUE(chain.Open(input).IsValid());
-    EXPECT_STREQ(chain.meter.TakeFrame(chain.reader.GetProperties()).Dump(), "the meter can not take a frame");
-
-    CheckRecorder recorder;
-    ZrvProperties foreign;
-    static_cast<void>(foreign.AddProperty("colour", "float", nullptr));
-    EXPECT_TRUE(chain.meter.TakeFrame(foreign).IsError());
-    EXPECT_STREQ(chain.meter.TakeStream(foreign, foreign).Dump(), "the meter can not take the stream's parameters");
 }
 
 TEST(Y4mMeter, KeepsTheStreamAliveForItsBytes)
@@ -200,27 +166,27 @@ TEST(Y4mMeter, KeepsTheStreamAliveForItsBytes)
     std::istringstream input("YUV4MPEG2 W2 H2 Cmono\nFRAME\nabcd");
     auto chain = std::make_unique<Chain>();
     ASSERT_TRUE(chain->Open(input).IsValid());
+    EXPECT_STREQ(chain->meter.TakeFrame(chain->reader.GetProperties()).Dump(), "the meter cannot take a frame");
     ASSERT_TRUE(chain->Step().IsValid());
     const ZrvProperties kept(chain->meter.GetProperties());
     chain.reset();
-    EXPECT_EQ(Read<unsigned char*>(kept, kY4mFrameBytes)[3], 'd');
+    EXPECT_EQ(ZrvReadProperty<unsigned char*>(kept, kY4mFrameBytes)[3], 'd');
 }
 
-TEST(PropertyTable, SortsAndKeepsTerminalsSafe)
+TEST(Y4mText, LetsOnlyWellFormedPrintableCharactersThrough)
 {
-    ZrvProperties set;
-    for (const char* name : {"b", "c", "a"}) {
-        static_cast<void>(set.AddProperty(name, "KELUnicodeString", nullptr));
+    const Case texts[] = {
+        {"a~ \xC3\x9C \xE9\x9B\xBB \xF0\x9F\x98\x80", "a~ \xC3\x9C \xE9\x9B\xBB \xF0\x9F\x98\x80"},
+        {"\x1B[2J\n\x7F", "?[2J??"},
+        {"\x9B|\xC2\x9B|\xE2\x80\xAE|\xEF\xBB\xBF|\xF3\xA0\x81\x81|", "?|?|?|?|?|"}, // controls, marks of direction
+        {"\xC0\xAF|\xE0\x80\xAF|\xED\xA0\x80|\xF4\x90\x80\x80|\xFF|", "?|?|?|?|?|"}, // in no well-formed text
+        {"\xE2\x80|\xF0\x9F\x98", "?|?"},                                            // cut
+    };
+    for (const auto& [text, printable] : texts) {
+        EXPECT_EQ(Y4mPrintable(text), printable);
     }
-    static_cast<void>(set.SetProperty("a", ZrvPropertyValue<KELUnicodeString>("\x1B[2J \xC2\x9B \xC3\x9C\x7F")));
-    static_cast<void>(set.SetProperty("c", ZrvPropertyValue<KELUnicodeString>(std::string(1000, 'x').c_str())));
-    PropertyTable table;
-    table.Add(set, "x.");
-    std::ostringstream text;
-    table.Print(text);
-    const std::string type = "                 KELUnicodeString        ";
-    EXPECT_EQ(text.str(), "name                type                    value\nx.a" + type +
-                              "?[2J \xC2? \xC3\x9C?\nx.b" + type + "\nx.c" + type + std::string(60, 'x') + "...\n");
+    EXPECT_EQ(Y4mPrintable("a\nb", true), "a\nb");
+    EXPECT_EQ(Y4mQuote(std::string(59, 'x') + "\xC3\x9Cy"), "'" + std::string(59, 'x') + "...'");
 }
 
 } // namespace

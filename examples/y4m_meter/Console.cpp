@@ -1,50 +1,56 @@
 #include "Console.h"
 
+#include "System.h"
+#include "Y4mText.h"
+
 #include <algorithm>
-#include <iostream>
+#include <cerrno>
+#include <exception>
+#include <system_error>
 
-#if defined(_WIN32)
-#include <fcntl.h>
-#include <io.h>
-#include <stdio.h>
-#else
-#include <unistd.h>
-#endif
-
-namespace {
-
-bool IsOutputTerminal()
+bool PrintLines(const std::string& iLines)
 {
-#if defined(_WIN32)
-    return _isatty(_fileno(stdout)) != 0;
-#else
-    return isatty(STDOUT_FILENO) != 0;
-#endif
+    if (System::PrintOutput(Y4mPrintable(iLines, true))) {
+        return true;
+    }
+    PrintFailure("standard output cannot be written: " + std::generic_category().message(errno));
+    return false;
 }
 
-} // namespace
-
-std::istream& GetBinaryInput()
+void PrintFailure(const std::string& iText)
 {
-#if defined(_WIN32)
-    _setmode(_fileno(stdin), _O_BINARY);
-#endif
-    return std::cin;
+    System::PrintError("y4m_meter: " + Y4mPrintable(iText, true) + "\n");
 }
 
-ProgressLine::ProgressLine() : m_isTerminal(IsOutputTerminal()) {}
+ProgressLine::ProgressLine() : m_isTerminal(System::IsErrorTerminal()) {}
 
 ProgressLine::~ProgressLine()
 {
     if (m_width > 0) {
-        std::cout << std::endl;
+        try {
+            Write("");
+            System::PrintError("\r");
+        } catch (const std::exception&) {
+            return; // without memory, the line stays
+        }
     }
 }
 
-void ProgressLine::Show(const std::string& iText)
+// A terminal that becomes narrower breaks a line in two, of which only the second is written over. So the text leaves
+// out what a narrow one has no room for.
+void ProgressLine::Show(KELINT32 iFrames, int iRate)
 {
+    constexpr std::size_t kLongest = 19;
     if (m_isTerminal) {
-        m_width = std::max(m_width, iText.size());
-        std::cout << '\r' << iText << std::string(m_width - iText.size(), ' ') << std::flush;
+        const std::string frames = std::to_string(iFrames) + " frames";
+        const std::string rate = ", " + std::to_string(iRate) + "/s";
+        Write(frames.size() + rate.size() <= kLongest ? frames + rate : frames);
     }
+}
+
+void ProgressLine::Write(const std::string& iText)
+{
+    const std::size_t rest = m_width - std::min(m_width, iText.size());
+    System::PrintError("\r" + iText + std::string(rest, ' ') + std::string(rest, '\b'));
+    m_width = iText.size();
 }

@@ -1,13 +1,19 @@
 #ifndef Console_H
 #define Console_H
 
-#include <istream>
+#include "KELTypes.h"
+
+#include <cstddef>
 #include <string>
 
-/// Standard input, without any translation of line breaks.
-std::istream& GetBinaryInput();
+/// Prints lines to standard output; prints why that is impossible, and returns false, when it is.
+bool PrintLines(const std::string& iLines);
 
-/// A line on standard output that is written over and over while a program works; nothing when that is no terminal.
+/// Prints a line to standard error, with the program's name in front.
+void PrintFailure(const std::string& iText);
+
+/// A line on standard error that is written over and over while a program works, and removed at the end. Nothing when
+/// that is no terminal.
 class ProgressLine {
 public:
     ProgressLine();
@@ -15,11 +21,13 @@ public:
     ProgressLine& operator=(const ProgressLine&) = delete;
     ~ProgressLine();
 
-    void Show(const std::string& iText);
+    void Show(KELINT32 iFrames, int iRate);
 
 private:
+    void Write(const std::string& iText);
+
     bool m_isTerminal;
-    std::size_t m_width = 0; // of the longest text so far
+    std::size_t m_width = 0; // of the text that is shown
 };
 
 #endif

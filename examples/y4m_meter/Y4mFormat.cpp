@@ -1,22 +1,30 @@
 #include "Y4mFormat.h"
 
+#include "Y4mText.h"
+
 #include <charconv>
 #include <system_error>
+#include <utility>
 
 namespace {
 
-constexpr std::string_view kMagic = "YUV4MPEG2";
 constexpr std::string_view kTitleTag = "TITLE=";
 
-constexpr Y4mColourSpace kColourSpaces[] = {
-    {"420", 2, 2}, {"420jpeg", 2, 2}, {"420mpeg2", 2, 2}, {"420paldv", 2, 2},
-    {"422", 2, 1}, {"444", 1, 1},     {"mono", 0, 0},
+// A row with a depth stands for all names that go on with a number of bits.
+struct ColourSpaceName {
+    std::string_view name;
+    KELUINT32 planes;
+    KELUINT32 chromaColumns;
+    KELUINT32 chromaRows;
+    bool hasDepth = false;
 };
 
-std::string Quote(std::string_view iText)
-{
-    return std::string("'").append(Y4mPrintable(iText)).append("'");
-}
+constexpr ColourSpaceName kColourSpaces[] = {
+    {"420", 3, 2, 2},        {"420jpeg", 3, 2, 2},    {"420mpeg2", 3, 2, 2},   {"420paldv", 3, 2, 2},
+    {"411", 3, 4, 1},        {"422", 3, 2, 1},        {"444", 3, 1, 1},        {"444alpha", 4, 1, 1},
+    {"mono", 1, 1, 1},       {"420p", 3, 2, 2, true}, {"422p", 3, 2, 1, true}, {"444p", 3, 1, 1, true},
+    {"mono", 1, 1, 1, true},
+};
 
 bool ReadNumber(std::string_view iText, KELUINT32& oNumber)
 {
@@ -28,47 +36,52 @@ bool ReadNumber(std::string_view iText, KELUINT32& oNumber)
 ZrvRC ReadSize(const char* iWhat, std::string_view iText, KELUINT32& oSize)
 {
     if (!ReadNumber(iText, oSize) || oSize < 1 || oSize > Y4mFormat::kLargestSize) {
-        return Y4mFailure(std::string("a ") + iWhat + " of " + Quote(iText) + " is not between 1 and " +
+        return Y4mFailure(std::string("a ") + iWhat + " of " + Y4mQuote(iText) + " is not between 1 and " +
                           std::to_string(Y4mFormat::kLargestSize));
     }
     return ZrvRC();
 }
 
 // "0:0" says that the ratio is not known.
-ZrvRC ReadRatio(const char* iWhat, std::string_view iText, double& oRatio)
+ZrvRC ReadRatio(const char* iWhat, std::string_view iText, Y4mRatio& oRatio)
 {
     const std::size_t colon = iText.find(':');
-    KELUINT32 over = 0;
-    KELUINT32 under = 0;
-    if (colon == std::string_view::npos || !ReadNumber(iText.substr(0, colon), over) ||
-        !ReadNumber(iText.substr(colon + 1), under) || (over != 0 && under == 0)) {
-        return Y4mFailure(std::string("a ") + iWhat + " of " + Quote(iText) + " is not a ratio of two numbers");
+    if (colon == std::string_view::npos || !ReadNumber(iText.substr(0, colon), oRatio.over) ||
+        !ReadNumber(iText.substr(colon + 1), oRatio.under) || (oRatio.over != 0 && oRatio.under == 0)) {
+        return Y4mFailure(std::string("a ") + iWhat + " of " + Y4mQuote(iText) + " is not a ratio of two numbers");
     }
-    oRatio = over == 0 ? 0.0 : static_cast<double>(over) / under;
     return ZrvRC();
 }
 
-// Progressive or not known; else the top or the bottom field first, or a mixture.
-ZrvRC ReadInterlacing(std::string_view iText, bool& oIsInterlaced)
+ZrvRC ReadInterlacing(std::string_view iText, std::string& oInterlacing)
 {
-    if (iText.size() != 1 || std::string_view("p?tbm").find(iText) == std::string_view::npos) {
-        return Y4mFailure("an interlacing of " + Quote(iText) + " is not known");
+    constexpr std::pair<std::string_view, const char*> kNames[] = {
+        {"p", "none"}, {"t", "top field first"}, {"b", "bottom field first"}, {"m", "mixed"}, {"?", "unknown"}};
+    for (const auto& [letter, name] : kNames) {
+        if (iText == letter) {
+            oInterlacing = name;
+            return ZrvRC();
+        }
     }
-    oIsInterlaced = iText != "p" && iText != "?";
-    return ZrvRC();
+    return Y4mFailure("an interlacing of " + Y4mQuote(iText) + " is not known");
 }
 
 ZrvRC ReadColourSpace(std::string_view iText, Y4mColourSpace& oColourSpace)
 {
     std::string supported;
-    for (const Y4mColourSpace& colourSpace : kColourSpaces) {
-        if (iText == colourSpace.name) {
-            oColourSpace = colourSpace;
+    for (const ColourSpaceName& known : kColourSpaces) {
+        KELUINT32 depth = 8;
+        const bool isKnown = known.hasDepth
+                                 ? iText.starts_with(known.name) &&
+                                       ReadNumber(iText.substr(known.name.size()), depth) && depth >= 9 && depth <= 16
+                                 : iText == known.name;
+        if (isKnown) {
+            oColourSpace = {std::string(iText), known.planes, known.chromaColumns, known.chromaRows, depth};
             return ZrvRC();
         }
-        supported += std::string(supported.empty() ? "" : ", ") + colourSpace.name;
+        supported.append(supported.empty() ? "" : ", ").append(known.name).append(known.hasDepth ? "9..16" : "");
     }
-    return Y4mFailure("the colour space " + Quote(iText) + " is not supported (only " + supported + ")");
+    return Y4mFailure("the colour space " + Y4mQuote(iText) + " is not supported (only " + supported + ")");
 }
 
 ZrvRC ReadTag(char iLetter, std::string_view iText, Y4mFormat& ioFormat)
@@ -83,7 +96,7 @@ ZrvRC ReadTag(char iLetter, std::string_view iText, Y4mFormat& ioFormat)
     case 'A':
         return ReadRatio("pixel aspect", iText, ioFormat.pixelAspect);
     case 'I':
-        return ReadInterlacing(iText, ioFormat.isInterlaced);
+        return ReadInterlacing(iText, ioFormat.interlacing);
     case 'C':
         return ReadColourSpace(iText, ioFormat.colourSpace);
     case 'X':
@@ -105,14 +118,33 @@ std::string_view TakeWord(std::string_view& ioText)
 
 } // namespace
 
-std::array<std::size_t, 3> Y4mFormat::GetPlaneSizes() const
+std::string Y4mRatio::GetText() const
 {
-    const auto samples = [this](std::size_t iColumns, std::size_t iRows) {
-        return (width + iColumns - 1) / iColumns * ((height + iRows - 1) / iRows);
+    return over == 0 || under == 0 ? "unknown" : std::to_string(over) + "/" + std::to_string(under);
+}
+
+std::vector<Y4mPlane> Y4mFormat::GetPlanes() const
+{
+    const auto makePlane = [this](std::size_t iColumns, std::size_t iRows) {
+        const std::size_t samples = (width + iColumns - 1) / iColumns;
+        const std::size_t bytes =
+            hasCutRows ? (width * GetBytesPerSample() + iColumns - 1) / iColumns : samples * GetBytesPerSample();
+        return Y4mPlane{(height + iRows - 1) / iRows, bytes / GetBytesPerSample(), bytes};
     };
-    const std::size_t chroma =
-        colourSpace.chromaColumns == 0 ? 0 : samples(colourSpace.chromaColumns, colourSpace.chromaRows);
-    return {samples(1, 1), chroma, chroma};
+    const Y4mPlane luma = makePlane(1, 1);
+    const Y4mPlane chroma = makePlane(colourSpace.chromaColumns, colourSpace.chromaRows);
+    std::vector<Y4mPlane> planes = {luma, chroma, chroma, luma}; // the last one is alpha
+    planes.resize(colourSpace.planes);
+    return planes;
+}
+
+std::size_t Y4mFormat::GetBytes() const
+{
+    std::size_t bytes = 0;
+    for (const Y4mPlane& plane : GetPlanes()) {
+        bytes += plane.rows * plane.bytesPerRow;
+    }
+    return bytes;
 }
 
 ZrvRC Y4mFormat::Parse(std::string_view iLine, Y4mFormat& oFormat)
@@ -137,18 +169,4 @@ ZrvRC Y4mFormat::Parse(std::string_view iLine, Y4mFormat& oFormat)
 ZrvRC Y4mFailure(const std::string& iText)
 {
     return ZrvRC(ZrvRC::zrvEC_Error, iText.c_str());
-}
-
-std::string Y4mPrintable(std::string_view iText)
-{
-    constexpr std::size_t kLongest = 60;
-    std::string text;
-    unsigned char previous = 0;
-    for (const char character : iText.substr(0, kLongest)) {
-        const auto byte = static_cast<unsigned char>(character);
-        const bool isLateControl = previous == 0xC2 && byte >= 0x80 && byte < 0xA0; // U+0080 to U+009F in UTF-8
-        text += byte < ' ' || byte == 0x7F || isLateControl ? '?' : character;
-        previous = byte;
-    }
-    return iText.size() > kLongest ? text + "..." : text;
 }

@@ -4,33 +4,60 @@
 #include "KELTypes.h"
 #include "ZrvRC.h"
 
-#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
-/// How the three planes of a frame are sampled.
+/// Which planes a frame has, and how they are sampled.
 struct Y4mColourSpace {
-    const char* name;
-    KELUINT32 chromaColumns; ///< How many columns of pixels share a chroma sample; 0 without chroma planes.
-    KELUINT32 chromaRows;    ///< How many rows of pixels share one.
+    std::string name = "420jpeg";
+    KELUINT32 planes = 3;        ///< Y; Y, Cb and Cr; or these and alpha.
+    KELUINT32 chromaColumns = 2; ///< How many columns of pixels share a sample of Cb and Cr.
+    KELUINT32 chromaRows = 2;    ///< How many rows of pixels share one.
+    KELUINT32 bitDepth = 8;      ///< Of each sample. More than 8 bits take two bytes, the low one first.
+};
+
+/// How the samples of a plane lie in a frame.
+struct Y4mPlane {
+    std::size_t rows;
+    std::size_t samplesPerRow; ///< Whole ones.
+    std::size_t bytesPerRow;
+};
+
+/// A ratio of two numbers, kept as the stream gives it.
+struct Y4mRatio {
+    KELUINT32 over = 0;
+    KELUINT32 under = 0;
+
+    /// Such as "30000/1001"; "unknown" when a number is zero.
+    std::string GetText() const;
 };
 
 /// What the header line of a YUV4MPEG2 stream says.
 struct Y4mFormat {
-    static constexpr KELUINT32 kLargestSize = 16384; ///< The most that a width or a height may be.
+    static constexpr std::string_view kMagic = "YUV4MPEG2"; ///< What the line starts with.
+    static constexpr KELUINT32 kLargestSize = 1U << 24U;    ///< The most that a width or a height may be.
 
     KELUINT32 width = 0;
     KELUINT32 height = 0;
-    double frameRate = 0.0;   ///< Frames per second; 0 when it is not known.
-    double pixelAspect = 0.0; ///< A pixel's width over its height; 0 when it is not known.
-    bool isInterlaced = false;
-    Y4mColourSpace colourSpace = {"420jpeg", 2, 2};
+    Y4mRatio frameRate;   ///< Frames per second.
+    Y4mRatio pixelAspect; ///< A pixel's width over its height.
+    std::string interlacing = "unknown";
+    Y4mColourSpace colourSpace;
     std::string title; ///< From a tag "XTITLE=..."; empty when there is none.
 
-    /// The bytes of the planes Y, Cb and Cr, which follow each other in a frame. The chroma planes of a frame of odd
-    /// size are rounded up; those of a mono stream have no bytes.
-    std::array<std::size_t, 3> GetPlaneSizes() const;
+    /// Some writers take the half of a row's bytes for the bytes of a chroma row, also where samples have two bytes and
+    /// rows an odd number of samples: such a chroma row lacks its last byte. The header does not tell.
+    bool hasCutRows = false;
+
+    /// The planes, which follow each other in a frame. Chroma planes of a frame of odd size are rounded up.
+    std::vector<Y4mPlane> GetPlanes() const;
+
+    /// Of a frame.
+    std::size_t GetBytes() const;
+
+    std::size_t GetBytesPerSample() const { return colourSpace.bitDepth > 8 ? 2 : 1; }
 
     /// Reads a header line, without its line break.
     ///
@@ -42,8 +69,5 @@ struct Y4mFormat {
 
 /// An error with that text.
 ZrvRC Y4mFailure(const std::string& iText);
-
-/// A text of unknown origin for a message or a table: nothing that controls a terminal, and of a bounded length.
-std::string Y4mPrintable(std::string_view iText);
 
 #endif

@@ -1,20 +1,36 @@
 #include "Y4mMeter.h"
 
-#include "PropertyAccess.h"
 #include "Y4mPrototype.h"
 #include "Y4mStream.h"
+#include "ZrvPropertyAccess.h"
 
 #include <numeric>
 
 namespace {
 
+// The sum of 8-bit samples, or of samples of two bytes.
+std::uint64_t AddSamples(const unsigned char* iBytes, std::size_t iSamples, bool iAreWide)
+{
+    if (!iAreWide) {
+        return std::accumulate(iBytes, iBytes + iSamples, std::uint64_t(0));
+    }
+    std::uint64_t sum = 0;
+    for (std::size_t sample = 0; sample < iSamples; ++sample) {
+        sum += iBytes[2 * sample] + 256U * iBytes[2 * sample + 1];
+    }
+    return sum;
+}
+
 KELRawCollfloat MeasurePlanes(const unsigned char* iBytes, const Y4mFormat& iFormat)
 {
-    KELRawCollfloat means(3);
-    for (const std::size_t size : iFormat.GetPlaneSizes()) {
-        const auto sum = static_cast<double>(std::accumulate(iBytes, iBytes + size, std::uint64_t(0)));
-        means.Append(size == 0 ? 0.0F : static_cast<float>(sum / static_cast<double>(size)));
-        iBytes += size;
+    KELRawCollfloat means(4);
+    for (const Y4mPlane& plane : iFormat.GetPlanes()) {
+        std::uint64_t sum = 0;
+        for (std::size_t row = 0; row < plane.rows; ++row, iBytes += plane.bytesPerRow) {
+            sum += AddSamples(iBytes, plane.samplesPerRow, iFormat.GetBytesPerSample() > 1);
+        }
+        const std::size_t samples = plane.rows * plane.samplesPerRow;
+        means.Append(samples == 0 ? 0.0F : static_cast<float>(static_cast<double>(sum) / static_cast<double>(samples)));
     }
     return means;
 }
@@ -26,7 +42,6 @@ Y4mMeter::Y4mMeter(ZrvConstPropertiesPrototype& iPrototype)
       m_streamProperties(
           KELReference<ZrvConstPropertiesPrototype>::Adopt(iPrototype.GetPropertyPrototype(kY4mStream)).Get())
 {
-    static_cast<void>(m_properties.AddProperty(kY4mPlaneMeans)); // three zeros until there is a frame
 }
 
 ZrvRC Y4mMeter::TakeStream(const ZrvProperties& iSource, const ZrvProperties& iStreamOfSource)
@@ -35,18 +50,17 @@ ZrvRC Y4mMeter::TakeStream(const ZrvProperties& iSource, const ZrvProperties& iS
     if (rc.IsValid()) {
         rc = m_properties.SetFromProperties(iSource);
     }
-    return rc.IsError() ? rc.AddTrace("the meter can not take the stream's parameters") : rc;
+    return rc.IsError() ? rc.AddTrace("the meter cannot take the stream's parameters") : rc;
 }
 
 ZrvRC Y4mMeter::TakeFrame(const ZrvProperties& iSource)
 {
     ZrvRC rc = m_properties.SetFromProperties(iSource);
-    const auto* bytes = Read<unsigned char*>(m_properties, kY4mFrameBytes);
-    const auto object = KELReference<KELSysTSBaseUnknown>::Adopt(Read<KELSysTSBaseUnknown*>(m_properties, kY4mStream));
+    const auto* bytes = ZrvReadProperty<unsigned char*>(m_properties, kY4mFrameBytes);
+    const auto object = ZrvReadProperty<KELSysTSBaseUnknown*>(m_properties, kY4mStream);
     const auto* stream = dynamic_cast<const Y4mStream*>(object.Get());
     if (rc.IsError() || !bytes || !stream) {
-        return rc.Add(Y4mFailure("the meter can not take a frame"));
+        return rc.Add(Y4mFailure("the meter cannot take a frame"));
     }
-    Publish(rc, m_properties, kY4mPlaneMeans, MeasurePlanes(bytes, stream->GetFormat()));
-    return rc;
+    return ZrvPublishProperty(m_properties, kY4mPlaneMeans, MeasurePlanes(bytes, stream->GetFormat()));
 }

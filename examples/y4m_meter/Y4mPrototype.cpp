@@ -27,10 +27,11 @@ KELReference<ZrvPrototypeImpl> Y4mMakePrototype()
     const KELReference<ZrvPrototypeImpl> stream = Declare({{kY4mTitle, zrvPT_UnicodeString},
                                                            {kY4mWidth, zrvPT_UINT32},
                                                            {kY4mHeight, zrvPT_UINT32},
-                                                           {kY4mFrameRate, zrvPT_Double},
-                                                           {kY4mPixelAspect, zrvPT_Float},
-                                                           {kY4mInterlaced, zrvPT_Boolean},
-                                                           {kY4mColourSpace, zrvPT_UnicodeString}});
+                                                           {kY4mFrameRate, zrvPT_UnicodeString},
+                                                           {kY4mPixelAspect, zrvPT_UnicodeString},
+                                                           {kY4mInterlacing, zrvPT_UnicodeString},
+                                                           {kY4mColourSpace, zrvPT_UnicodeString},
+                                                           {kY4mBitDepth, zrvPT_UINT32}});
     return Declare({{kY4mStream, zrvPT_BaseUnknownPtr, stream.Get()},
                     {kY4mFrameCount, zrvPT_INT32},
                     {kY4mFrameBytes, zrvPT_BytePtr},

@@ -1,6 +1,6 @@
 #include "Y4mReader.h"
 
-#include "PropertyAccess.h"
+#include "ZrvPropertyAccess.h"
 
 Y4mReader::Y4mReader()
     : m_prototype(Y4mMakePrototype()), m_properties(GetPrototype()),
@@ -12,33 +12,40 @@ Y4mReader::Y4mReader()
 ZrvRC Y4mReader::Open(std::istream& ioInput, const KELUnicodeString& iTitle)
 {
     ZrvRC rc = Y4mStream::Open(ioInput, m_stream);
-    if (rc.IsError()) {
-        return rc;
+    if (rc.IsValid()) {
+        rc = PublishStream(m_stream->GetFormat(), iTitle);
     }
-    const Y4mFormat& format = m_stream->GetFormat();
-    Publish(rc, m_streamProperties, kY4mTitle, format.title.empty() ? iTitle : KELUnicodeString(format.title.c_str()));
-    Publish(rc, m_streamProperties, kY4mWidth, format.width);
-    Publish(rc, m_streamProperties, kY4mHeight, format.height);
-    Publish(rc, m_streamProperties, kY4mFrameRate, format.frameRate);
-    Publish(rc, m_streamProperties, kY4mPixelAspect, static_cast<float>(format.pixelAspect));
-    Publish(rc, m_streamProperties, kY4mInterlaced, static_cast<KELBoolean>(format.isInterlaced));
-    Publish(rc, m_streamProperties, kY4mColourSpace, KELUnicodeString(format.colourSpace.name));
-    Publish<KELSysTSBaseUnknown*>(rc, m_properties, kY4mStream, m_stream.Get());
-    PublishFrame(rc);
-    return rc;
+    return rc.IsValid() ? PublishFrame() : rc;
 }
 
 ZrvRC Y4mReader::ReadFrame()
 {
     ZrvRC rc = m_stream->ReadFrame();
-    if (rc == ZrvRC::zrvEC_OK) {
-        PublishFrame(rc);
-    }
+    return rc == ZrvRC::zrvEC_OK ? PublishFrame() : rc;
+}
+
+// A failure names its property.
+ZrvRC Y4mReader::PublishStream(const Y4mFormat& iFormat, const KELUnicodeString& iTitle)
+{
+    ZrvRC rc = ZrvPublishProperty<KELSysTSBaseUnknown*>(m_properties, kY4mStream, m_stream.Get());
+    const auto publish = [this, &rc](const KELUnicodeString& iName, auto iValue) {
+        if (rc.IsValid()) {
+            rc = ZrvPublishProperty(m_streamProperties, iName, std::move(iValue));
+        }
+    };
+    publish(kY4mTitle, iFormat.title.empty() ? iTitle : KELUnicodeString(iFormat.title.c_str()));
+    publish(kY4mWidth, iFormat.width);
+    publish(kY4mHeight, iFormat.height);
+    publish(kY4mFrameRate, iFormat.frameRate.GetText().c_str());
+    publish(kY4mPixelAspect, iFormat.pixelAspect.GetText().c_str());
+    publish(kY4mInterlacing, iFormat.interlacing.c_str());
+    publish(kY4mColourSpace, iFormat.colourSpace.name.c_str());
+    publish(kY4mBitDepth, iFormat.colourSpace.bitDepth);
     return rc;
 }
 
-void Y4mReader::PublishFrame(ZrvRC& ioRC)
+ZrvRC Y4mReader::PublishFrame()
 {
-    Publish(ioRC, m_properties, kY4mFrameCount, m_stream->GetFrameCount());
-    Publish(ioRC, m_properties, kY4mFrameBytes, m_stream->GetFrameBytes());
+    ZrvRC rc = ZrvPublishProperty(m_properties, kY4mFrameCount, m_stream->GetFrameCount());
+    return rc.IsValid() ? ZrvPublishProperty(m_properties, kY4mFrameBytes, m_stream->GetFrameBytes()) : rc;
 }

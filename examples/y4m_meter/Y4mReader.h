@@ -26,7 +26,8 @@ public:
     const ZrvProperties& GetStreamProperties() const { return m_streamProperties; }
 
 private:
-    void PublishFrame(ZrvRC& ioRC);
+    ZrvRC PublishStream(const Y4mFormat& iFormat, const KELUnicodeString& iTitle);
+    ZrvRC PublishFrame();
 
     KELReference<ZrvPrototypeImpl> m_prototype;
     ZrvProperties m_properties;

@@ -40,10 +40,13 @@ private:
 
     ZrvRC ReadFrameLine();
     ZrvRC ReadFrameBytes();
+    ZrvRC ReadToCutRows(std::size_t& oDone);
+    ZrvRC ReadBytes(std::size_t& ioDone, std::size_t iSize);
 
     std::istream& m_input;
     Y4mFormat m_format;
     KELINT32 m_frameCount = 0;
+    std::string m_lineStart; // what has been read of the next frame's line
     std::vector<unsigned char> m_frame;
 };
 

@@ -1,28 +1,30 @@
 // Reads a YUV4MPEG2 stream, measures its frames and prints what the components have published of it.
 
 #include "Console.h"
-#include "PropertyAccess.h"
-#include "PropertyTable.h"
+#include "InputFile.h"
+#include "System.h"
 #include "Y4mClip.h"
 #include "Y4mMeter.h"
 #include "Y4mReader.h"
+#include "Y4mText.h"
 #include "ZrvFPSMeasure.h"
+#include "ZrvPropertyAccess.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
+#include <istream>
+#include <optional>
 #include <sstream>
 #include <string>
-#include <system_error>
 #include <vector>
 
 namespace {
 
-constexpr char kUsage[] = "usage: y4m_meter [FILE|-]\n"
-                          "Measures a YUV4MPEG2 stream: a file, standard input (-), or a clip of its own.\n";
+constexpr char kUsage[] = "usage: y4m_meter [--] [FILE|-]\n"
+                          "       y4m_meter --help | --version\n"
+                          "Measures a YUV4MPEG2 stream: a file, standard input (-), or a clip of its own.";
+
+enum ExitCode { kSuccess = 0, kFailure = 1, kUsageError = 2, kInterrupted = 130 };
 
 // Frames travel from the reader to the meter as properties. The rate is that of the whole loop.
 ZrvRC MeasureFrames(Y4mReader& ioReader, Y4mMeter& ioMeter, int& oRate)
@@ -31,7 +33,7 @@ ZrvRC MeasureFrames(Y4mReader& ioReader, Y4mMeter& ioMeter, int& oRate)
     ZrvFPSMeasure overallRate(0); // measures when it is asked, however short the stream is
     ProgressLine progress;
     ZrvRC rc = ioReader.ReadFrame();
-    for (; rc == ZrvRC::zrvEC_OK; rc = ioReader.ReadFrame()) {
+    for (; rc == ZrvRC::zrvEC_OK && !System::WasInterrupted(); rc = ioReader.ReadFrame()) {
         rc = ioMeter.TakeFrame(ioReader.GetProperties());
         if (rc.IsError()) {
             break;
@@ -39,8 +41,8 @@ ZrvRC MeasureFrames(Y4mReader& ioReader, Y4mMeter& ioMeter, int& oRate)
         latestRate.IncrementFrames();
         overallRate.IncrementFrames();
         if (latestRate.HasNewInstantFPS()) {
-            progress.Show(std::to_string(Read<KELINT32>(ioMeter.GetProperties(), kY4mFrameCount)) + " frames, " +
-                          std::to_string(latestRate.GetInstantFPS()) + " per second");
+            progress.Show(ZrvReadProperty<KELINT32>(ioMeter.GetProperties(), kY4mFrameCount),
+                          latestRate.GetInstantFPS());
         }
     }
     overallRate.HasNewInstantFPS();
@@ -48,63 +50,92 @@ ZrvRC MeasureFrames(Y4mReader& ioReader, Y4mMeter& ioMeter, int& oRate)
     return rc;
 }
 
-ZrvRC Measure(std::istream& ioInput, const KELUnicodeString& iTitle)
+bool PrintMeasured(const Y4mMeter& iMeter, int iRate)
 {
+    std::ostringstream lines;
+    lines << "stream:\n" << iMeter.GetStreamProperties() << "frames:\n" << iMeter.GetProperties();
+    lines << "overall: " << ZrvReadProperty<KELINT32>(iMeter.GetProperties(), kY4mFrameCount) << " frames, " << iRate
+          << " per second\n";
+    return PrintLines(lines.str());
+}
+
+// Prints what could be measured, then why there is no more.
+ExitCode Measure(std::streambuf& ioBytes, const std::string& iName, const std::string& iTitle,
+                 const InputFile* iFile = nullptr)
+{
+    std::istream input(&ioBytes);
     Y4mReader reader;
     Y4mMeter meter(*reader.GetPrototype());
-    int rate = 0;
-    ZrvRC rc = reader.Open(ioInput, iTitle);
+    bool isPrinted = true;
+    ZrvRC rc = reader.Open(input, Y4mPrintable(iTitle).c_str());
     if (rc.IsValid()) {
         rc = meter.TakeStream(reader.GetProperties(), reader.GetStreamProperties());
     }
     if (rc.IsValid()) {
+        int rate = 0;
         rc = MeasureFrames(reader, meter, rate);
+        isPrinted = PrintMeasured(meter, rate);
+    }
+    if (System::WasInterrupted()) {
+        PrintFailure(Y4mPrintable(iName) + ": interrupted");
+        return kInterrupted;
     }
     if (rc.IsError()) {
-        return rc.AddTrace(" of ").AddTrace(iTitle);
+        const std::string reason = iFile ? iFile->GetFailure() : "";
+        PrintFailure(Y4mPrintable(iName) + ": " + rc.Dump() + (reason.empty() ? "" : ": " + reason));
     }
-    PropertyTable table;
-    table.Add(meter.GetProperties());
-    table.Add(meter.GetStreamProperties(), "stream.");
-    table.Print(std::cout);
-    std::cout << "overall: " << Read<KELINT32>(meter.GetProperties(), kY4mFrameCount) << " frames, " << rate
-              << " per second" << std::endl;
-    return std::cout ? ZrvRC() : ZrvRC(ZrvRC::zrvEC_Error, "standard output can not be written");
+    return rc.IsValid() && isPrinted ? kSuccess : kFailure;
 }
 
-ZrvRC MeasureFile(const std::string& iPath)
+ExitCode MeasureFile(const std::string& iPath)
 {
-    std::ifstream file(iPath, std::ios::binary);
-    if (!file) {
-        return Y4mFailure(Y4mPrintable(iPath) + " can not be opened: " + std::generic_category().message(errno));
+    InputFile file(iPath);
+    if (iPath == InputFile::kStandardInput) {
+        return Measure(file, "standard input", "standard input", &file);
     }
-    return Measure(file, Y4mPrintable(std::filesystem::path(iPath).filename().string()).c_str());
+    const auto title = std::filesystem::path(std::u8string(iPath.begin(), iPath.end())).filename().u8string();
+    return Measure(file, iPath.empty() ? "''" : iPath, std::string(title.begin(), title.end()), &file);
 }
 
-ZrvRC MeasureClip()
+ExitCode MeasureClip()
 {
-    std::istringstream clip(Y4mMakeClip());
-    return Measure(clip, "the clip");
+    std::stringbuf clip(Y4mMakeClip());
+    return Measure(clip, "the clip", "the clip");
 }
 
-int Run(const std::vector<std::string>& iArguments)
+ExitCode PrintAnswer(const std::string& iText)
 {
-    const std::string input = iArguments.empty() ? "" : iArguments.front();
-    if (input == "-h" || input == "--help") {
-        std::cout << kUsage;
-        return 0;
+    return PrintLines(iText + "\n") ? kSuccess : kFailure;
+}
+
+ExitCode RefuseArguments(const std::string& iReason)
+{
+    PrintFailure(iReason + "\n" + kUsage);
+    return kUsageError;
+}
+
+ExitCode Run(const std::vector<std::string>& iArguments)
+{
+    std::optional<std::string> path;
+    bool areOptionsOver = false;
+    for (const std::string& argument : iArguments) {
+        const bool isOption = !areOptionsOver && argument.size() > 1 && argument.front() == '-';
+        if (isOption && argument == "--") {
+            areOptionsOver = true;
+        } else if (isOption && (argument == "-h" || argument == "--help")) {
+            return PrintAnswer(kUsage);
+        } else if (isOption && argument == "--version") {
+            return PrintAnswer("y4m_meter " Y4M_METER_VERSION);
+        } else if (isOption) {
+            return RefuseArguments("the option " + Y4mQuote(argument) + " is not known");
+        } else if (path) {
+            return RefuseArguments("one stream at a time is measured");
+        } else {
+            path = argument;
+        }
     }
-    if (iArguments.size() > 1 || (input.size() > 1 && input.front() == '-')) {
-        std::cerr << kUsage;
-        return 2;
-    }
-    ZrvRC rc = iArguments.empty() ? MeasureClip()
-               : input == "-"     ? Measure(GetBinaryInput(), "standard input")
-                                  : MeasureFile(input);
-    if (rc.IsError()) {
-        std::cerr << "y4m_meter: " << rc.Dump() << std::endl;
-    }
-    return rc.IsError() ? 1 : 0;
+    System::CatchInterruption();
+    return path ? MeasureFile(*path) : MeasureClip();
 }
 
 } // namespace
@@ -112,9 +143,9 @@ int Run(const std::vector<std::string>& iArguments)
 int main(int iCount, char** iArguments)
 {
     try {
-        return Run({iArguments + 1, iArguments + iCount});
+        return Run(System::GetArguments(iCount, iArguments));
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "y4m_meter: %s\n", failure.what()); // memory has run out
-        return 1;
+        System::PrintError(std::string("y4m_meter: ") + failure.what() + "\n"); // memory has run out
+        return kFailure;
     }
 }

@@ -46,9 +46,8 @@ public:
 
     const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) override
     {
-        SeededChoices choices(iSeed, 1000);
         try {
-            ::UseAtRandom(choices, Memory::Behaves, &ioOther);
+            ::UseAtRandom(SeededChoices(iSeed), 1000, Trouble::Refusals, &ioOther);
         } catch (const std::logic_error& difference) {
             return (m_difference = difference.what()).c_str();
         }

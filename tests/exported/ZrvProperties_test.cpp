@@ -4,37 +4,59 @@
 #include "ReportingTest.h"
 
 #include <functional>
-#include <utility>
+#include <memory>
+#include <set>
 
 namespace {
 
-const std::string g_noName = " [condition iPropertyName.GetLengthInChar()>0 in ZrvProperties]";
-const std::string g_noType = " [condition propertyType.GetLengthInChar()>0 in ZrvProperties_data]";
-
+using Object = ZrvPropertyValue<KELSysTSBaseUnknown*>;
 using ZrvPropertiesTest = ReportingTest;
-
-TEST_F(ZrvPropertiesTest, DebugServicesSayNothing)
-{
-    ZrvDebugServices services;
-    EXPECT_EQ(Answer(services.GetTracesFromProperties(ZrvProperties())), "''");
-    EXPECT_EQ(&(services = ZrvDebugServices()), &services);
-    EXPECT_EQ(&(services = std::as_const(services)), &services);
-}
 
 TEST_F(ZrvPropertiesTest, EachReportNamesTheLineOfItsOperation)
 {
     ZrvProperties set;
-    EXPECT_EQ(Answer(set.AddProperty("", "float", nullptr)), "error" + g_noName);
-    EXPECT_EQ(Answer(set.AddProperty("")), "error" + g_noName);
-    EXPECT_EQ(Answer(set.SetProperty("", ZrvPropertyValueBase())), "error" + g_noName);
-    EXPECT_EQ(Answer(set.GetProperty("")), "null" + g_noName);
-    EXPECT_EQ(Answer(set.GetPropertyParameters("")), "null" + g_noName);
-    EXPECT_EQ(reports.Lines(), 5U);
+    ZrvConstPropertiesPrototype* none = nullptr;
+    const std::function<void()> operations[] = {[&] { set.AddProperty("", "float", nullptr); },
+                                                [&] { set.AddProperty("n", "", nullptr); },
+                                                [&] { set.AddProperty(""); },
+                                                [&] { set.SetProperty("", ZrvPropertyValueBase()); },
+                                                [&] { set.GetProperty(""); },
+                                                [&] { set.GetPropertyParameters(""); },
+                                                [&] { set.GetPrototype(none = new ZrvPrototypeImpl); }};
+    std::set<int> lines;
+    for (const auto& operation : operations) {
+        operation();
+        EXPECT_NE(reports.Take().find(" in ZrvProperties]"), std::string::npos);
+        lines.insert(reports.line);
+    }
+    EXPECT_EQ(lines.size(), std::size(operations));
+    EXPECT_EQ(none->Release(), 0U) << "stays as it was";
+    EXPECT_EQ(ZrvDebugServices::GetTracesFromProperties(set), "");
+}
+
+TEST_F(ZrvPropertiesTest, ListsReportOtherPositions)
+{
+    const std::string report = " [condition 1<=iPosition && iPosition<=Size() in KELPositions]";
+    KELListValKELUnicodeString wide;
+    KELSysTSListOfUnicodeString narrow;
+    KELRawCollfloat floats;
+    wide.Append("first");
+    narrow.PutBack(KELSysTSUnicodeString(nullptr));
+    floats.Append(1.0F);
+    for (const int position : {-1, 0, 2}) {
+        floats[position] = 5.0F;
+        EXPECT_TRUE(floats[position] == 0.0F && std::as_const(floats)[position] == 0.0F);
+        EXPECT_TRUE(wide[position] == "" && !*narrow[position].ConvertToChar());
+        EXPECT_EQ(reports.Take(), report + report + report + report + report);
+    }
+    ZrvProperties set;
+    set.AddProperty("second", "float", nullptr);
+    EXPECT_TRUE(set.GetListProperties(wide) == 1 && wide.Size() == 2 && wide[1] == "first" && wide[2] == "second");
+    EXPECT_TRUE(set.GetListProperties(narrow) == 1 && narrow.Size() == 2 && !*narrow[1].ConvertToChar());
 }
 
 /// A set that keeps its names to itself when asked to.
-class SecretiveSet : public ZrvProperties {
-public:
+struct SecretiveSet : ZrvProperties {
     using ZrvProperties::GetListProperties;
     int GetListProperties(KELListValKELUnicodeString& ioNames) const override
     {
@@ -46,93 +68,74 @@ public:
 TEST_F(ZrvPropertiesTest, CopyAssignsInPlaceWhatTheSourceNames)
 {
     SecretiveSet source;
-    static_cast<void>(source.AddProperty("a", "float", nullptr));
+    source.AddProperty("a", "float", nullptr);
     ZrvProperties target(source);
     const ZrvPropertyValueBase* const held = target.GetProperty("a");
-    const ZrvPropertyValue<float> value(1.5F);
-    static_cast<void>(source.SetProperty("a", value));
+    source.SetProperty("a", ZrvPropertyValue<float>(1.5F));
     EXPECT_EQ(Answer(target.SetFromProperties(source)), "ok");
-    EXPECT_FALSE(held->IsPurelyIdenticalTo(value));
+    EXPECT_FALSE(held->IsPurelyIdenticalTo(ZrvPropertyValue<float>(1.5F)));
     source.isSecretive = false;
     EXPECT_EQ(Answer(target.SetFromProperties(source)), "ok");
-    EXPECT_TRUE(held->IsPurelyIdenticalTo(value) && held == target.GetProperty("a"));
+    EXPECT_TRUE(held->IsPurelyIdenticalTo(ZrvPropertyValue<float>(1.5F)) && held == target.GetProperty("a"));
 }
 
-/// A prototype of a caller's own, which answers nonsense.
-class OddPrototype : public ZrvConstPropertiesPrototype {
-public:
-    ZrvRC GetListProperties(KELListValKELUnicodeString&) const override { return ZrvRC::zrvEC_Error; }
+/// A prototype of the host's, which answers as it likes: that it declares everything but "absent", a type for each
+/// name, and a nested prototype.
+struct OddPrototype : ZrvPrototypeImpl {
+    using ZrvPrototypeImpl::GetPropertyPrototype;
     ZrvRC HasProperty(const KELUnicodeString& iName) const override
     {
         return iName == "absent" ? static_cast<ZrvRC::ErrorCode>(2) : ZrvRC::zrvEC_NothingDone;
     }
-    const KELUnicodeString GetPropertyType(const KELUnicodeString& iName) const override { return answers(iName); }
-    ZrvPropertyType GetPropertyAsType(const KELUnicodeString&) const override { return zrvPT_Undefined; }
+    const KELUnicodeString GetPropertyType(const KELUnicodeString& iName) const override { return typeOf(iName); }
     ZrvConstPropertiesPrototype* GetPropertyPrototype(const KELUnicodeString&) const override
     {
-        nested->AddRef();
-        return nested;
+        return nested->AddRef(), nested;
     }
-
-    std::function<KELUnicodeString(const KELUnicodeString&)> answers;
+    std::function<KELUnicodeString(const KELUnicodeString&)> typeOf;
     ZrvConstPropertiesPrototype* nested = nullptr;
 };
 
-TEST_F(ZrvPropertiesTest, CallersPrototypesMayAnswerNonsense)
+TEST_F(ZrvPropertiesTest, HostsPrototypesMayAnswerNonsense)
 {
+    const std::string noType = "error [condition propertyType.GetLengthInChar()>0 in ZrvProperties_data]";
     ZrvPrototypeImpl nested;
     OddPrototype odd;
     odd.nested = &nested;
-    odd.answers = [](const KELUnicodeString& iName) { return iName == "int" ? "KELINT32" : iName; };
     ZrvProperties set(&odd);
-    EXPECT_EQ(Answer(set.AddProperty("int")), "ok");
-    EXPECT_EQ(CountOf(nested), 2U);
+    odd.typeOf = [](const KELUnicodeString& iName) { return iName; };
+    EXPECT_EQ(Answer(set.AddProperty("float")), "ok");
     EXPECT_EQ(Answer(set.AddProperty("x")), "error");
     EXPECT_EQ(CountOf(nested), 2U) << "given back when the property could not be made";
     EXPECT_EQ(Answer(set.AddProperty("absent")),
               "error [condition ZrvProperties::zrvPA_Unavailable!=propertyAvailability in ZrvProperties_data]");
-    odd.answers = [](const KELUnicodeString&) { return ""; };
-    EXPECT_EQ(Answer(set.AddProperty("y")), "error" + g_noType);
+    odd.typeOf = [](const KELUnicodeString&) { return ""; };
+    EXPECT_EQ(Answer(set.AddProperty("y")), noType);
     ZrvProperties source;
-    static_cast<void>(source.AddProperty("y", "float", nullptr));
-    EXPECT_EQ(Answer(set.SetFromProperties(source)),
-              "error" + g_noType + " [condition !(rc.IsError()) in ZrvProperties_data]");
-    odd.answers = [&set](const KELUnicodeString& iName) {
-        static_cast<void>(set.AddProperty("int"));
-        return set.HasProperty(iName) ? "" : "float";
-    };
-    EXPECT_EQ(Answer(set.AddProperty("called back")), "ok");
-    EXPECT_EQ(CountOf(odd), 2U);
-    EXPECT_EQ(OddPrototype(odd).AddRef(), 2U) << "a copy starts with a reference of its own";
+    source.AddProperty("y", "float", nullptr);
+    EXPECT_EQ(Answer(set.SetFromProperties(source)), noType + " [condition !(rc.IsError()) in ZrvProperties_data]");
 }
 
-TEST_F(ZrvPropertiesTest, WhatASetGivesUpMayCallBackIntoIt)
+// An object that goes finds an empty set, and what it adds goes, too.
+TEST_F(ZrvPropertiesTest, WhatGoesWithASetMayUseIt)
 {
-    ZrvProperties source;
-    static_cast<void>(source.AddProperty("n", "KELINT32", nullptr));
     int gone = 0;
-    ZrvPrototypeImpl nested;
     {
         ZrvProperties set;
-        const auto fill = [&] {
-            for (const char* name : {"a", "b", "c"}) {
-                static_cast<void>(set.AddProperty(name, "KELSysTSBaseUnknownPtr", &nested));
-                const auto meddler = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject([&] {
-                    ++gone;
-                    static_cast<void>(set.AddProperty("late", "KELINT32", nullptr));
-                    set = source;
-                }));
-                static_cast<void>(set.SetProperty(name, ZrvPropertyValue<KELSysTSBaseUnknown*>(meddler.Get())));
-            }
+        const auto give = [&set](const char* iName, const std::function<void()>& iFarewell) {
+            auto* const object = new CountedObject(iFarewell);
+            set.AddProperty(iName, "KELSysTSBaseUnknownPtr", nullptr);
+            set.SetProperty(iName, Object(object));
+            object->Release();
         };
-        fill();
-        set = source;
-        EXPECT_TRUE(gone == 3 && set.HasProperty("n") && !set.HasProperty("a") && !set.HasProperty("late"));
-        EXPECT_EQ(CountOf(nested), 1U);
-        fill();
+        for (const char* name : {"a", "b", "c"}) {
+            give(name, [&, name] {
+                gone += set.HasProperty(name) ? 0 : 1;
+                give(gone == 3 ? "late" : "a", [&gone] { ++gone; });
+            });
+        }
     }
     EXPECT_EQ(gone, 6);
-    EXPECT_EQ(CountOf(nested), 1U);
 }
 
 } // namespace

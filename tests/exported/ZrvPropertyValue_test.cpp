@@ -1,84 +1,104 @@
 #include "ZrvPropertyValue.h"
 
 #include "CountedObject.h"
+#include "Maker.h"
 #include "ReportingTest.h"
-#include "ZrvProperties.h"
+
+#include <limits>
 
 namespace {
 
-using Int = ZrvPropertyValue<KELINT32>;
-using Object = ZrvPropertyValue<KELSysTSBaseUnknown*>;
+// Asked for before main: the names need no start-up of their own.
+const KELUnicodeString g_early = ZrvPropertyTypeConv::GetAsUnicode(zrvPT_FloatList);
 
+using Int = ZrvPropertyValue<KELINT32>;
 using ZrvPropertyValueTest = ReportingTest;
 
-/// A value of a caller's own, which leaves to the base what it does not need.
-class NamedValue : public ZrvPropertyValueBase {
-public:
-    explicit NamedValue(const char* iType) : m_type(iType) {}
-    KELUnicodeString GetType() const override { return m_type; }
-
-private:
-    const char* m_type;
-};
-
-TEST_F(ZrvPropertyValueTest, UnknownTypesAreRefused)
+TEST(ZrvPropertyTypeConv, AnswersEarlyAndWhatIsUnknown)
 {
-    EXPECT_EQ(Answer(NamedValue("f").SetValueFromProperty(Int(1))),
-              "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
-    EXPECT_EQ(Answer(Int(1).SetValueFromProperty(NamedValue("int"))), "error");
-    EXPECT_EQ(Answer(ZrvPropertyValue_GetStringType()), "'KELUnicodeString'");
-    EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(NamedValue("int")));
-    ZrvProperties set;
-    static_cast<void>(set.AddProperty("n", "KELINT32", nullptr));
-    EXPECT_EQ(Answer(set.SetProperty("n", NamedValue("f"))),
-              "error [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]");
+    EXPECT_EQ(g_early, "floatList");
+    for (const int number : {9, 10, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        EXPECT_EQ(ZrvPropertyTypeConv::GetAsUnicode(static_cast<ZrvPropertyType>(number)), "") << number;
+    }
+    for (const char* name : {"", "int", "float ", "Float", "floatLis", "floatLists", "KELint32"}) {
+        EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(name), zrvPT_Undefined) << name;
+    }
 }
 
-/// A value that counts what it is asked and takes 1 away from what it is set to.
-class CountingValue : public Int {
-public:
-    using Int::Int;
+TEST_F(ZrvPropertyValueTest, EachIsComparedWithAndAssignedFromEach)
+{
+    unsigned char byte = 0;
+    CountedObject object;
+    std::vector<ValueModel> all = {
+        &byte, KELUnicodeString("a text"), KELBoolean{0}, KELINT32{-1}, KELUINT32{1}, -0.0F, 1.5F,
+        2.5,   KELRawCollfloat(),          &object};
+    for (const KELUnicodeString& type : g_typeNames) {
+        all.push_back(DefaultValue(type));
+    }
+    OwnMaker maker;
+    const auto make = [&maker](const ValueModel& iContents, bool iIsHosts) {
+        return std::unique_ptr<ZrvPropertyValueBase>(maker.MakeValue(iContents, iIsHosts));
+    };
+    for (std::size_t i = 0; i < 2 * all.size() * all.size(); ++i) {
+        const ValueModel& one = all[i / 2 % all.size()];
+        const ValueModel& other = all[i / 2 / all.size()];
+        const bool isTyped = TypeOf(one) != "";
+        const bool fits = isTyped && one.index() == other.index();
+        const auto value = make(one, i % 2 == 0);
+        EXPECT_EQ(value->IsPurelyIdenticalTo(*make(other, i % 2 != 0)), fits && one == other);
+        EXPECT_EQ(Answer(value->SetValueFromProperty(*make(other, i % 2 == 0))),
+                  fits      ? "ok"
+                  : isTyped ? "error"
+                            : "error [message Property value wihtout type cannot be set. in ZrvPropertyValueBase]");
+        const std::unique_ptr<ZrvPropertyValueBase> copy(value->Duplicate());
+        EXPECT_TRUE(isTyped ? ReadValue(*copy) == (fits ? other : one) : !copy) << i;
+    }
+    const ZrvPropertyValue<float> noNumber(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_FALSE(noNumber.IsPurelyIdenticalTo(noNumber));
+    EXPECT_EQ(CountOf(object), 1U);
+}
 
-    KELUnicodeString GetType() const override { return ++typeQuestions, Int::GetType(); }
-    KELINT32 GetValue() const override { return ++valueQuestions, Int::GetValue(); }
+/// A value of a class of the host's that says what it wants and has its own way to be set.
+template <class Base>
+struct Odd : Base {
+    using Base::Base;
+    KELUnicodeString GetType() const override { return type; }
+    const char* type = "f";
+};
+
+struct OneLess : Int {
+    using Int::Int;
     ZrvRC SetValue(KELINT32 iValue) override
     {
-        static_cast<void>(Int::SetValue(iValue - 1));
-        return ZrvRC(ZrvRC::zrvEC_NothingDone, "own");
+        return Int::SetValue(iValue - 1), ZrvRC(ZrvRC::zrvEC_NothingDone, "own");
     }
-
-    mutable int typeQuestions = 0;
-    mutable int valueQuestions = 0;
 };
 
-TEST_F(ZrvPropertyValueTest, DerivedValuesAreAskedThroughTheirOwnOperations)
+TEST_F(ZrvPropertyValueTest, ClassesOfTheHostsAreTakenForWhatTheyAre)
 {
-    CountingValue derived(10);
-    Int plain(0);
-    EXPECT_EQ(Answer(plain.SetValueFromProperty(derived)), "ok");
-    EXPECT_EQ(plain.GetValue(), 10);
-    EXPECT_EQ(derived.typeQuestions, 2);
-    EXPECT_EQ(derived.valueQuestions, 1);
-    EXPECT_EQ(Answer(derived.SetValueFromProperty(Int(20))), "nothing done: own");
-    EXPECT_TRUE(derived.IsPurelyIdenticalTo(Int(19)));
+    Odd<ZrvPropertyValueBase> odd;
+    EXPECT_EQ(Answer(odd.SetValueFromProperty(Int(1))),
+              "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
+    EXPECT_EQ(Answer(Int(1).SetValueFromProperty(odd)), "error");
+    EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(odd));
     ZrvProperties set;
-    static_cast<void>(set.AddProperty("n", "KELINT32", nullptr));
-    const int valueQuestions = derived.valueQuestions;
-    EXPECT_EQ(Answer(set.SetProperty("n", derived)), "ok");
-    EXPECT_EQ(derived.valueQuestions, valueQuestions + 1);
-}
+    set.AddProperty("n", "float", nullptr);
+    EXPECT_EQ(Answer(set.SetProperty("n", odd)),
+              "error [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]");
+    OneLess value(0);
+    EXPECT_EQ(Answer(value.SetValueFromProperty(Int(20))), "nothing done: own");
+    EXPECT_TRUE(value.IsPurelyIdenticalTo(Int(19)));
 
-TEST_F(ZrvPropertyValueTest, AnObjectIsTakenAgainBeforeItIsGivenUp)
-{
     bool isGone = false;
     auto* const object = new CountedObject([&isGone] { isGone = true; });
-    Object value(object);
+    ZrvPropertyValue<KELSysTSBaseUnknown*> held(object);
     object->Release();
-    static_cast<void>(value.SetValueFromProperty(Object(value)));
-    static_cast<void>(value.SetValue(object));
+    held.SetValue(object); // is taken again before it is given up
     EXPECT_FALSE(isGone);
-    static_cast<void>(value.SetValue(nullptr));
+    held.SetValue(nullptr);
     EXPECT_TRUE(isGone);
+    EXPECT_EQ(ZrvPropertyValue_GetStringType(), "KELUnicodeString");
+    EXPECT_TRUE(ZrvPropertyValue_StringComparator("a", "a") && !ZrvPropertyValue_StringComparator("a", "b"));
 }
 
 } // namespace

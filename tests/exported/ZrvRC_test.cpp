@@ -2,42 +2,55 @@
 
 #include "ReportingTest.h"
 
-#include <utility>
-
 namespace {
 
 TEST(ZrvRC, OnlyZeroAndOneAreValid)
 {
-    for (const KELUINT32 code : {0U, 1U, 2U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
-        EXPECT_EQ(ZrvRC(static_cast<ZrvRC::ErrorCode>(code)).IsValid(), code <= 1) << code;
+    for (const KELUINT32 number : {0U, 1U, 2U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+        ZrvRC rc(static_cast<ZrvRC::ErrorCode>(number), "trace");
+        EXPECT_TRUE(rc.IsValid() == (number <= 1) && rc.IsError() == (number > 1) && !rc == (number > 1)) << number;
+        EXPECT_TRUE(rc == ZrvRC::zrvEC_OK ? number == 1 : rc != ZrvRC::zrvEC_OK) << number;
     }
-    EXPECT_TRUE(ZrvRC::zrvEC_NothingDone == 0U && ZrvRC::zrvEC_OK == 1U && ZrvRC::zrvEC_Error == 0xFFFFFFFFU);
     EXPECT_EQ(InWords(ZrvRC()), "ok");
 }
 
 TEST(ZrvRC, TranslatesPlatformResults)
 {
-    const std::pair<long, const char*> cases[] = {
+    const std::pair<long, const char*> rows[] = {
         {0, "ok"},
-        {1, "ok"},
         {0x7FFFFFFFL, "ok"},
         {static_cast<long>(0x80004003L), "error: E_POINTER : NULL pointer argument."},
         {static_cast<long>(0x80004004L), "error: E_ABORT : Operation aborted."},
-        {static_cast<long>(0x80004005L), "error: E_FAIL : Failure."},
         {-2147467259L, "error: E_FAIL : Failure."},
         {static_cast<long>(0x8007000EL), "error: E_OUTOFMEMORY : Insufficient memory."},
         {static_cast<long>(0x80070057L), "error: E_INVALIDARG : Argument is invalid."},
         {-2, "error: Unknown error hresult."},
     };
-    for (const auto& [result, words] : cases) {
+    for (const auto& [result, words] : rows) {
         EXPECT_EQ(InWords(ZrvRC(result)), words) << result;
     }
 }
 
-TEST(ZrvRC, TakesNullForNothing)
+TEST(ZrvRC, JoinsTraces)
 {
+    // A trace, what is added to it or put in front of its lines, and the three results.
+    const char* const rows[][5] = {{"", "", "ok", "error", ""},
+                                   {"a", "", "ok: a", "error: a", "a"},
+                                   {"", "b", "ok: b", "error: b", "b"},
+                                   {"a\n\nc", "b", "ok: a\n\ncb", "error: a\n\nc\nb", "ba\nb\nbc"},
+                                   {"\xC3\xA9\n", "\xE2\x82\xAC", "ok: \xC3\xA9\n\xE2\x82\xAC",
+                                    "error: \xC3\xA9\n\n\xE2\x82\xAC", "\xE2\x82\xAC\xC3\xA9\n\xE2\x82\xAC"}};
+    for (const auto& [trace, text, added, merged, lines] : rows) {
+        ZrvRC rc(ZrvRC::zrvEC_OK, trace);
+        KELUnicodeString prefix(text);
+        EXPECT_EQ(InWords(ZrvRC(rc).AddTrace(text)), added);
+        EXPECT_EQ(InWords(ZrvRC(rc).Add(ZrvRC(ZrvRC::zrvEC_Error, prefix))), merged);
+        EXPECT_EQ(InWords(rc.Add(rc)), InWords(ZrvRC(ZrvRC::zrvEC_OK, trace))) << "itself";
+        EXPECT_EQ(ZrvRC::InsertLinesBegin(trace, prefix), lines);
+        EXPECT_EQ(ZrvRC::InsertLinesBegin(trace, std::string(text).data()), lines);
+    }
     EXPECT_EQ(InWords(ZrvRC().AddTrace(static_cast<const char*>(nullptr))), "ok");
-    EXPECT_EQ(ZrvRC::InsertLinesBegin("a\nb", static_cast<char*>(nullptr)), KELUnicodeString("a\nb"));
+    EXPECT_EQ(ZrvRC::InsertLinesBegin("a\nb", static_cast<char*>(nullptr)), "a\nb");
 }
 
 } // namespace

@@ -1,19 +1,22 @@
-// Compares KELUnicodeString with its model.
+// Compares KELUnicodeString with its model. The first byte is a position, the second says where the rest is cut into
+// two texts.
 
-#include "FuzzInput.h"
 #include "StringModel.h"
 
-// The first byte is a position, the second says where the rest is cut into two texts.
-int LLVMFuzzerTestOneInput(const std::uint8_t* iData, std::size_t iSize)
+#include <stdexcept>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* iData, std::size_t iSize)
 {
-    if (iSize < 2) {
-        return 0;
+    const std::string rest(reinterpret_cast<const char*>(iData) + std::min<std::size_t>(iSize, 2),
+                           iSize < 2 ? 0 : iSize - 2);
+    const std::string first = rest.substr(0, iSize < 2 ? 0 : iData[1]);
+    const std::string second = rest.substr(first.size());
+    for (const char* const difference :
+         {DifferenceFromModel(first, second, iSize == 0 ? 0 : static_cast<std::int8_t>(iData[0])),
+          DifferenceFromModel(second, first, 0)}) {
+        if (*difference) {
+            throw std::logic_error(difference);
+        }
     }
-    const int position = static_cast<std::int8_t>(iData[0]);
-    const std::string rest(reinterpret_cast<const char*>(iData + 2), iSize - 2);
-    const std::string first = rest.substr(0, std::min<std::size_t>(iData[1], rest.size()));
-    const std::string difference = DifferenceFromModel(first, rest.substr(first.size()), position) +
-                                   std::string(DifferenceFromModel(rest.substr(first.size()), first, 0));
-    Require(difference.empty(), difference.c_str());
     return 0;
 }

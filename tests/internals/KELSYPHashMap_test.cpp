@@ -2,35 +2,49 @@
 
 #include "ReportingTest.h"
 
+#include <map>
 #include <memory>
+#include <random>
 
 namespace {
 
 using IntMap = KELSYPHashMap<KELUnicodeString, int>;
 using KELSYPHashMapTest = ReportingTest;
 
-TEST_F(KELSYPHashMapTest, IteratorsKeepTheirItemUntilTheyMove)
+TEST_F(KELSYPHashMapTest, AgreesWithAStandardMap)
 {
     IntMap map;
-    map.Insert("a", 1);
-    const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> it(map.CreateIterator());
-    const auto* const item = it->CurrentItem();
-    ASSERT_NE(item, nullptr);
-    EXPECT_EQ(it->CurrentItem(), item);
-    EXPECT_EQ(it->IsDone(), 0);
-    for (int i = 0; i < 2; ++i) { // beyond the end, too
-        it->Next();
-        EXPECT_NE(it->IsDone(), 0);
-        EXPECT_EQ(it->CurrentItem(), nullptr);
+    std::map<std::string, int> model;
+    std::mt19937 random(1);
+    for (int i = 0; i < 20000; ++i) {
+        const std::string text = "key" + std::to_string(random() % 200);
+        const KELUnicodeString key(text.c_str());
+        const int held = static_cast<int>(model.count(text));
+        ASSERT_TRUE(map.Contains(key) == held && (map.Locate(key) ? *map.Locate(key) == model[text] : held == 0));
+        if (random() % 3000 == 0) {
+            map.RemoveAll();
+            model.clear();
+        } else if (random() % 4 == 0) {
+            ASSERT_EQ(map.Remove(key), held);
+            model.erase(text);
+        } else {
+            ASSERT_EQ(map.Insert(key, i), 1 - held);
+            model[text] = i;
+        }
+        ASSERT_EQ(map.Size(), static_cast<int>(model.size()));
     }
-}
-
-TEST_F(KELSYPHashMapTest, TheTablesFunctionsReportNulls)
-{
-    KELUnicodeString key("key");
+    std::map<std::string, int> met;
+    for (KELSYPHashMapIteratorHolder<KELUnicodeString, int> it(map); !it.IsDone(); it.Next()) {
+        const auto* const item = it.CurrentItem();
+        EXPECT_TRUE(item && it.CurrentItem() == item && std::as_const(map).Locate(*item->pKey) == item->pValue);
+        met[item->pKey->ConvertToChar()] = *item->pValue;
+    }
+    EXPECT_EQ(met, model);
+    const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> none(IntMap().CreateIterator());
+    EXPECT_TRUE(none->IsDone() && !none->CurrentItem());
     EXPECT_EQ(Answer(IntMap::HashElement(nullptr)), "0 [pointer i_elem in KELSYPHashMap]");
-    EXPECT_EQ(Answer(IntMap::CompareElements(nullptr, &key)), "0 [pointer i_elem1 in KELSYPHashMap]");
-    EXPECT_EQ(Answer(IntMap::CompareElements(&key, nullptr)), "0 [pointer i_elem2 in KELSYPHashMap]");
+    EXPECT_EQ(Answer(IntMap::CompareElements(nullptr, &met)), "0 [pointer i_elem1 in KELSYPHashMap]");
+    EXPECT_EQ(Answer(IntMap::CompareElements(&met, nullptr)), "0 [pointer i_elem2 in KELSYPHashMap]");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -9,115 +10,81 @@ namespace {
 using Clock = KELSysElapseTime;
 
 constexpr int kMost = std::numeric_limits<int>::max();
-constexpr int kLeast = std::numeric_limits<int>::min();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-void Count(ZrvFPSMeasure& ioMeter, int iFrames)
+void Count(ZrvFPSMeasure& ioMeter, int iFrames, double iMicroseconds)
 {
     for (int i = 0; i < iFrames; ++i) {
         ioMeter.IncrementFrames();
     }
-}
-
-bool MeasureAt(ZrvFPSMeasure& ioMeter, double iMicroseconds)
-{
     Clock::s_microseconds = iMicroseconds;
-    return ioMeter.HasNewInstantFPS();
 }
 
-TEST(ZrvFPSMeasure, MeasuresAfterWholeSeconds)
+TEST(ZrvFPSMeasure, MeasuresAfterWholePeriods)
 {
-    struct Case {
-        int period;
-        int frames;
-        double microseconds;
-        bool measures;
-        int rate;
+    struct Row {
+        int period, frames;
+        double clock;
+        int rate; // -1 when it does not measure
     };
-    const Case cases[] = {
-        {1, 30, 999999.0, false, 0},  {1, 30, 1000000.0, true, 30},
-        {1, 30, 1500000.0, true, 20}, {1, 0, 1500000.0, true, 0},
-        {2, 30, 1999999.0, false, 0}, {2, 30, 2000000.0, true, 15},
-        {2, 59, 2999999.0, true, 19}, {1, 251, 1000000.0, true, static_cast<int>(251 / 1000000.0 * 1000000.0)},
-        {0, 30, 10.0, true, 3000000}, {0, 30, 0.0, true, 0},
-        {-3, 0, 0.0, true, 0},        {0, 3000, 1.0, true, kMost},
-        {0, 30, kNoNumber, true, 0},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::to_string(c.period) + " " + std::to_string(c.microseconds));
-        ZrvFPSMeasure meter(c.period);
-        Count(meter, c.frames);
-        EXPECT_EQ(MeasureAt(meter, c.microseconds), c.measures);
-        EXPECT_EQ(meter.m_instantFPS, c.rate);
-        EXPECT_EQ(meter.m_measuredSeconds != 0.0, c.measures && c.microseconds != 0.0);
-        EXPECT_EQ(meter.m_framesSinceMeasure, c.measures ? 0 : c.frames);
-        EXPECT_EQ(c.rate == 0 ? meter.GetGlobalFPS() : 0, 0);
+    const Row rows[] = {{1, 30, 999999.0, -1},  {1, 30, 1e6, 30}, {1, 30, 1.5e6, 20}, {1, 0, 1.5e6, 0},
+                        {2, 59, 1.9e6, -1},     {2, 30, 2e6, 15}, {2, 59, 2.9e6, 20}, {1, 251, 1e6, 250},
+                        {0, 30, 10.0, 3000000}, {0, 30, 0.0, 0},  {-3, 0, 0.0, 0},    {0, 3000, 1.0, kMost},
+                        {0, 30, kNoNumber, 0},  {1, 30, -1.0, -1}};
+    for (const auto& [period, frames, clock, rate] : rows) {
+        SCOPED_TRACE(std::to_string(period) + " " + std::to_string(clock));
+        ZrvFPSMeasure meter(period);
+        Count(meter, frames, clock);
+        EXPECT_EQ(meter.HasNewInstantFPS() ? meter.m_instantFPS : -1, rate);
+        EXPECT_EQ(meter.m_framesSinceMeasure, rate < 0 ? frames : 0);
+        EXPECT_EQ(std::isnan(clock) ? 0.0 : meter.m_measuredSeconds, rate < 0 || std::isnan(clock) ? 0.0 : clock / 1e6);
     }
 }
 
 TEST(ZrvFPSMeasure, ReadersMeasureOnlyWhatIsMeasuredAlready)
 {
+    struct Row {
+        int frames;
+        double clock;
+        char asked; // for a measurement, the instant or the global rate
+        int answer;
+    };
+    const Row rows[] = {{30, 2e6, 'i', 0}, {0, 2e6, 'g', 0},     {0, 1.5e6, 'm', 1},  {0, 0.0, 'i', 20},
+                        {0, 0.0, 'g', 20}, {10, 0.5e6, 'i', 20}, {0, 0.5e6, 'g', 26}, // of whole intervals
+                        {0, -1.0, 'm', 0}, {0, -1.0, 'i', 20},   {0, 1e6, 'i', 10},   {5, 2.5e6, 'g', 9},
+                        {0, 1e6, 'm', 1},  {5, 1e6, 'i', 0}}; // an interval without frames left nothing to renew
     ZrvFPSMeasure meter;
-    Count(meter, 30);
-    Clock::s_microseconds = 2e6;
-    EXPECT_EQ(meter.GetInstantFPS() + meter.GetGlobalFPS(), 0);
-    EXPECT_EQ(meter.m_framesSinceMeasure, 30);
-
-    EXPECT_TRUE(MeasureAt(meter, 1.5e6));
-    EXPECT_EQ(meter.GetInstantFPS(), 20);
-    EXPECT_EQ(meter.GetGlobalFPS(), 20);
-    Count(meter, 10);
-    Clock::s_microseconds = 0.5e6;
-    EXPECT_EQ(meter.GetInstantFPS(), 20);
-    EXPECT_EQ(meter.GetGlobalFPS(), 26) << "all frames over complete intervals";
-    Clock::s_microseconds = 1e6;
-    Clock::s_isBroken = true;
-    EXPECT_FALSE(meter.HasNewInstantFPS());
-    EXPECT_EQ(meter.GetInstantFPS(), 20) << "a broken clock changes nothing";
-    Clock::s_isBroken = false;
-    EXPECT_EQ(meter.GetInstantFPS(), 10) << "measured by the reader";
-    Count(meter, 5);
-    Clock::s_microseconds = 2.5e6;
-    EXPECT_EQ(meter.GetGlobalFPS(), 9) << "measured by the reader";
-
-    EXPECT_TRUE(MeasureAt(meter, 1e6));
-    Count(meter, 5);
-    Clock::s_microseconds = 1e6;
-    EXPECT_EQ(meter.GetInstantFPS(), 0) << "an interval without frames left no rate to renew";
-    EXPECT_EQ(meter.m_framesSinceMeasure, 5);
-}
-
-TEST(ZrvFPSMeasure, CountsWrapAround)
-{
-    ZrvFPSMeasure meter;
-    meter.m_framesSinceMeasure = kMost;
-    meter.m_totalFrames = kMost;
-    meter.IncrementFrames();
-    EXPECT_EQ(meter.m_totalFrames, kLeast);
-    EXPECT_TRUE(MeasureAt(meter, 1e6));
-    EXPECT_EQ(meter.GetInstantFPS(), kLeast);
+    for (const auto& [frames, clock, asked, answer] : rows) {
+        Count(meter, frames, clock);
+        const int real = asked == 'm'   ? meter.HasNewInstantFPS()
+                         : asked == 'i' ? meter.GetInstantFPS()
+                                        : meter.GetGlobalFPS();
+        EXPECT_EQ(real, answer) << frames << " frames " << clock << asked;
+    }
+    meter.m_framesSinceMeasure = meter.m_totalFrames = kMost;
+    Count(meter, 1, 1e6);
+    EXPECT_TRUE(meter.HasNewInstantFPS() && meter.m_instantFPS < -kMost && meter.m_totalFrames < -kMost)
+        << "wraps around";
 }
 
 TEST(ZrvFPSMeasure, CopiesGoOnAndRestartingKeepsThePeriodAlone)
 {
     ZrvFPSMeasure meter(3);
-    Count(meter, 30);
-    EXPECT_TRUE(MeasureAt(meter, 3e6));
-    Count(meter, 2);
+    Count(meter, 30, 3e6);
+    EXPECT_TRUE(meter.HasNewInstantFPS());
+    Count(meter, 2, 3e6);
     const int resets = Clock::s_resets;
     meter.m_clock.ahead = 1e6;
     {
         ZrvFPSMeasure copy(meter);
-        EXPECT_EQ(Clock::s_resets, resets);
-        EXPECT_EQ(copy.GetInstantFPS(), 10);
-        EXPECT_EQ(copy.GetGlobalFPS(), 10);
-        EXPECT_EQ(copy.m_framesSinceMeasure, 2);
-        EXPECT_EQ(copy.m_clock.ahead, 1e6);
+        EXPECT_TRUE(Clock::s_resets == resets && copy.m_clock.ahead == 1e6 && copy.m_framesSinceMeasure == 2);
+        EXPECT_TRUE(copy.m_instantFPS == 10 && copy.m_totalFrames == 32 && copy.m_measuredSeconds == 3.0);
         copy.Start();
-        EXPECT_EQ(Clock::s_resets, resets + 1);
         EXPECT_EQ(copy.GetInstantFPS() + copy.GetGlobalFPS() + copy.m_framesSinceMeasure + copy.m_totalFrames, 0);
-        EXPECT_FALSE(MeasureAt(copy, 2.9e6));
-        EXPECT_TRUE(MeasureAt(copy, 3e6));
+        Count(copy, 0, 2.9e6);
+        EXPECT_FALSE(copy.HasNewInstantFPS());
+        Count(copy, 0, 3e6);
+        EXPECT_TRUE(copy.HasNewInstantFPS());
     }
     EXPECT_EQ(Clock::s_resets, resets + 3) << "the destructor's, too";
 }

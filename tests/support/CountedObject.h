@@ -4,26 +4,21 @@
 #include "KELSysTSBaseUnknown.h"
 
 #include <functional>
-#include <utility>
 
 /// A counted object that does something when it goes.
-class CountedObject : public KELSysTSBaseUnknown {
-public:
+struct CountedObject : KELSysTSBaseUnknown {
     explicit CountedObject(std::function<void()> iFarewell = [] {})
-        : KELSysTSBaseUnknown(1), m_farewell(std::move(iFarewell))
+        : KELSysTSBaseUnknown(1), farewell(std::move(iFarewell))
     {
     }
-    ~CountedObject() override { m_farewell(); }
-
-private:
-    std::function<void()> m_farewell;
+    ~CountedObject() override { farewell(); }
+    std::function<void()> farewell;
 };
 
 /// The references on an object, the caller's included.
 inline KELUINT32 CountOf(KELSysTSBaseUnknown& ioObject)
 {
-    ioObject.AddRef();
-    return ioObject.Release();
+    return ioObject.AddRef(), ioObject.Release();
 }
 
 #endif

@@ -1,21 +1,34 @@
 #ifndef OwnMemory_H
 #define OwnMemory_H
 
-/// The memory of a program that has this source's operator new for its own. Allocations may be made to fail by a test
+#include <atomic>
+
+/// The memory of a program that has OwnMemory.cpp's operator new for its own. Allocations may be made to fail by a test
 /// that runs on one thread.
-class OwnMemory {
-public:
-    /// Lets the iAllocation-th allocation from now on fail, and every later one too if wanted.
-    static void FailAt(long iAllocation, bool iAndEveryLaterOne);
+struct OwnMemory {
+    static inline std::atomic<long> s_allocations{0};
+    static inline std::atomic<long> s_allocatedBytes{0};
+    static inline std::atomic<long> s_liveBlocks{0};
+    static inline std::atomic<long> s_liveBytes{0};
+
+    /// Lets the iAllocation-th allocation from now on fail, none if that is 0, and every later one too if wanted.
+    static void FailAt(long iAllocation, bool iAndEveryLaterOne)
+    {
+        s_countdown = iAllocation;
+        s_failsOn = iAndEveryLaterOne;
+        s_failures = 0;
+    }
 
     /// Ends that; returns how many allocations have failed since.
-    static long Behave();
+    static long Behave()
+    {
+        s_countdown = 0;
+        return s_failures;
+    }
 
-    /// Allocations so far, and blocks that are in use.
-    /// @{
-    static long Allocations();
-    static long Live();
-    /// @}
+    static inline long s_countdown = 0;
+    static inline bool s_failsOn = false;
+    static inline long s_failures = 0;
 };
 
 #endif

@@ -4,57 +4,40 @@
 #include "KELUnicodeString.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// \file
-/// What a string is to do, told by a table of the forms of a character and by standard texts.
+/// What a string is to do, told by the definition of UTF-8 and by standard texts.
 
-/// Where the characters of a text start, and its end. A character is what has one of these forms, else one byte.
-inline std::vector<std::size_t> CharacterStarts(const std::string& iText)
+/// The bytes of the character at iStart; 1 for a byte that is no part of a well-formed one.
+inline std::size_t CharacterLength(const std::string& iText, std::size_t iStart)
 {
-    using Range = std::pair<unsigned char, unsigned char>;
-    constexpr Range kTrail = {0x80, 0xBF};
-    static const std::vector<Range> kForms[] = {
-        {{0xC2, 0xDF}, kTrail},
-        {{0xE0, 0xE0}, {0xA0, 0xBF}, kTrail},
-        {{0xE1, 0xEC}, kTrail, kTrail},
-        {{0xED, 0xED}, {0x80, 0x9F}, kTrail}, // not the surrogates
-        {{0xEE, 0xEF}, kTrail, kTrail},
-        {{0xF0, 0xF0}, {0x90, 0xBF}, kTrail, kTrail},
-        {{0xF1, 0xF3}, kTrail, kTrail, kTrail},
-        {{0xF4, 0xF4}, {0x80, 0x8F}, kTrail, kTrail},
-    };
-    const auto isIn = [](char iByte, const Range& iRange) {
-        return static_cast<unsigned char>(iByte) >= iRange.first && static_cast<unsigned char>(iByte) <= iRange.second;
-    };
-    std::vector<std::size_t> starts = {0};
-    while (starts.back() < iText.size()) {
-        const auto first = iText.begin() + static_cast<std::ptrdiff_t>(starts.back());
-        std::size_t length = 1;
-        for (const std::vector<Range>& form : kForms) {
-            if (iText.size() - starts.back() >= form.size() &&
-                std::equal(form.begin(), form.end(), first,
-                           [&](const Range& iRange, char iByte) { return isIn(iByte, iRange); })) {
-                length = form.size();
-            }
+    for (std::size_t length = 2; length <= 4 && iStart + length <= iText.size(); ++length) {
+        const auto byte = [&](std::size_t i) { return std::uint32_t{static_cast<unsigned char>(iText[iStart + i])}; };
+        std::uint32_t point = byte(0) ^ (0xF00U >> length & 0xFFU); // without the mark of a lead byte
+        bool isForm = point < 0x80U >> length;
+        for (std::size_t i = 1; i < length; ++i) {
+            isForm = isForm && byte(i) >> 6U == 2;
+            point = point << 6U | (byte(i) & 0x3FU);
         }
-        starts.push_back(starts.back() + length);
+        const bool isShortest = point >= (length == 2 ? 0x80U : length == 3 ? 0x800U : 0x10000U);
+        if (isForm && isShortest && point <= 0x10FFFF && point >> 11U != 0x1B) { // no surrogate
+            return length;
+        }
     }
-    return starts;
+    return 1;
 }
 
-inline int SearchForModel(const std::string& iText, const std::string& iWanted, int iStart)
+/// Where the characters of a text start, and its end.
+inline std::vector<std::size_t> CharacterStarts(const std::string& iText)
 {
-    const std::vector<std::size_t> starts = CharacterStarts(iText);
-    for (std::size_t first = static_cast<std::size_t>(iStart); iStart >= 0 && first < starts.size(); ++first) {
-        if (iText.compare(starts[first], iWanted.size(), iWanted) == 0 &&
-            std::binary_search(starts.begin(), starts.end(), starts[first] + iWanted.size())) {
-            return static_cast<int>(first);
-        }
+    std::vector<std::size_t> starts = {0};
+    while (starts.back() < iText.size()) {
+        starts.push_back(starts.back() + CharacterLength(iText, starts.back()));
     }
-    return -1;
+    return starts;
 }
 
 inline KELUnicodeString Show(const std::string& iText)
@@ -74,22 +57,31 @@ inline bool IsSame(const KELUnicodeString& iReal, const std::string& iText)
 inline const char* DifferenceFromModel(const std::string& iFirst, const std::string& iSecond, int iPosition)
 {
     const std::vector<std::size_t> starts = CharacterStarts(iFirst);
-    const auto place = static_cast<std::size_t>(std::clamp(iPosition, 0, static_cast<int>(starts.size()) - 1));
+    const auto isFound = [&](std::size_t iStart) {
+        return iFirst.compare(iStart, iSecond.size(), iSecond) == 0 &&
+               std::binary_search(starts.begin(), starts.end(), iStart + iSecond.size());
+    };
+    const auto start = starts.begin() + std::clamp(iPosition, 0, static_cast<int>(starts.size()) - 1);
+    const auto found = std::find_if(start + (iPosition >= static_cast<int>(starts.size())), starts.end(), isFound);
+    const int position = iPosition < 0 || found == starts.end() ? -1 : static_cast<int>(found - starts.begin());
     const KELUnicodeString text = Show(iFirst);
     const KELUnicodeString other = Show(iSecond);
-    KELUnicodeString appended(text);
-    KELUnicodeString inserted(text);
+    KELUnicodeString appended(text); // shares the text, and has one of its own from then on
     appended.Append(other);
+    const KELUnicodeString shared(appended);
+    appended.Append(other).Append(appended);
+    KELUnicodeString inserted(text);
     inserted.Insert(iPosition, other);
+    const std::string twice = iFirst + iSecond + iSecond;
     const int order = iFirst == iSecond ? 2 : iFirst < iSecond ? 0 : 1;
-    return !IsSame(text, iFirst) || !IsSame(other, iSecond)                                          ? "the text"
-           : text.Compare(other) != order                                                            ? "Compare"
-           : (text == other) != (order == 2) || (text != other) != (order != 2)                      ? "operator=="
-           : text.SearchSubString(other, iPosition, 1) != SearchForModel(iFirst, iSecond, iPosition) ? "SearchSubString"
-           : text.SearchSubString(other, 0, 2) != -1                                                 ? "mode of search"
-           : !IsSame(appended, iFirst + iSecond)                                                     ? "Append"
-           : !IsSame(inserted, std::string(iFirst).insert(starts[place], iSecond))                   ? "Insert"
-                                                                                                     : "";
+    return !IsSame(text, iFirst) || !IsSame(other, iSecond)                        ? "the text"
+           : text.Compare(other) != order                                          ? "Compare"
+           : (text == other) != (order == 2) || (text != other) != (order != 2)    ? "operator=="
+           : text.SearchSubString(other, iPosition, 1) != position                 ? "SearchSubString"
+           : text.SearchSubString(other, 0, 2) != -1                               ? "mode of search"
+           : !IsSame(shared, iFirst + iSecond) || !IsSame(appended, twice + twice) ? "Append"
+           : !IsSame(inserted, std::string(iFirst).insert(*start, iSecond))        ? "Insert"
+                                                                                   : "";
 }
 
 #endif

@@ -1,13 +1,13 @@
 #ifndef FakeSimpleHashTable_H
 #define FakeSimpleHashTable_H
 
+#include <algorithm>
 #include <vector>
 
 /// A table that offers the plain interface and nothing else, as a platform's own may.
 class KELSysSimpleHashTable {
 public:
     KELSysSimpleHashTable(int, unsigned int (*)(void*), int (*iEqual)(void*, void*)) : m_equal(iEqual) {}
-
     void* InsertAndReturn(void* iElement)
     {
         const int index = Find(iElement);
@@ -28,13 +28,9 @@ public:
 private:
     int Find(void* iProbe) const
     {
-        int index = 0;
-        while (index < Size() && m_equal(Get(index), iProbe) == 0) {
-            ++index;
-        }
-        return index;
+        const auto isEqual = [&](void* iElement) { return m_equal(iElement, iProbe) != 0; };
+        return static_cast<int>(std::find_if(m_elements.begin(), m_elements.end(), isEqual) - m_elements.begin());
     }
-
     int (*m_equal)(void*, void*);
     std::vector<void*> m_elements;
 };

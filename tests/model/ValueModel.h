@@ -1,0 +1,64 @@
+#ifndef ValueModel_H
+#define ValueModel_H
+
+#include "ZrvPropertyValue.h"
+
+#include <variant>
+
+inline bool operator==(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight)
+{
+    return KELRawCollfloat::Compare(iLeft, iRight) == 0;
+}
+
+#define ZRV_NAME(id, name, type) name,
+inline const KELUnicodeString g_typeNames[] = {ZRV_PROPERTY_TYPES(ZRV_NAME) ""};
+#undef ZRV_NAME
+
+/// The contents of a value, alternatives in the order of the nine types; the last one is a value without a type. An
+/// object is not counted.
+#define ZRV_CONTENTS(id, name, type) type,
+using ValueModel = std::variant<ZRV_PROPERTY_TYPES(ZRV_CONTENTS) std::monostate>;
+#undef ZRV_CONTENTS
+
+inline const KELUnicodeString& TypeOf(const ValueModel& iValue)
+{
+    return g_typeNames[iValue.index()];
+}
+
+template <std::size_t Type = 0>
+ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
+{
+    if constexpr (Type == zrvPT_Undefined) {
+        return std::monostate();
+    } else if (iValue.GetType() != g_typeNames[Type]) {
+        return ReadValue<Type + 1>(iValue);
+    } else {
+        using T = std::variant_alternative_t<Type, ValueModel>;
+        const T contents = static_cast<const ZrvPropertyValue<T>&>(iValue).GetValue();
+        if constexpr (Type == zrvPT_BaseUnknownPtr) {
+            contents ? contents->Release() : 0; // the reference that reading has added
+        }
+        return ValueModel(std::in_place_index<Type>, contents);
+    }
+}
+
+/// The default value of a type; a value without a type for an unknown name.
+template <std::size_t Type = 0>
+ValueModel DefaultValue(const KELUnicodeString& iType)
+{
+    if constexpr (Type == zrvPT_Undefined) {
+        return std::monostate();
+    } else if (iType != g_typeNames[Type]) {
+        return DefaultValue<Type + 1>(iType);
+    } else {
+        std::variant_alternative_t<Type, ValueModel> contents{};
+        if constexpr (Type == zrvPT_Boolean) {
+            contents = 1;
+        } else if constexpr (Type == zrvPT_FloatList) {
+            contents.Size(3, 0.0F);
+        }
+        return ValueModel(std::in_place_index<Type>, contents);
+    }
+}
+
+#endif
