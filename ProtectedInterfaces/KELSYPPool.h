@@ -99,7 +99,7 @@ private:
     static_assert(alignof(T) <= alignof(Chunk) && sizeof(T) >= sizeof(FreeBlock));
     static constexpr std::size_t kBlock = (sizeof(T) + alignof(Chunk) - 1) / alignof(Chunk) * alignof(Chunk);
     static constexpr std::size_t kFirstBytes = 1008; // of a chunk: what allocators keep at hand
-    static constexpr std::size_t kFewestBlocks = std::max<std::size_t>(1, (kFirstBytes - sizeof(Chunk)) / kBlock);
+    static constexpr std::size_t kFewestBlocks = (std::max<std::size_t>)(1, (kFirstBytes - sizeof(Chunk)) / kBlock);
     static constexpr std::size_t kMostBlocks = 64;
 
     void* Take()

@@ -1,8 +1,8 @@
 #ifndef KELListValKELUnicodeString_H
 #define KELListValKELUnicodeString_H
 
-#include <KELUnicodeString.h>
-#include <KELValueList.h>
+#include "KELUnicodeString.h"
+#include "KELValueList.h"
 
 /// A list of `KELUnicodeString`, positions from 1.
 class KELListValKELUnicodeString : public KELValueList<KELUnicodeString> {

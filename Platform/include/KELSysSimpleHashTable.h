@@ -37,7 +37,7 @@ public:
         : m_hash(iHash), m_equal(iEqual), m_saltedHash(iSaltedHash)
     {
         if (iExpected > 0) {
-            MakeFirstRoom(std::max(static_cast<std::size_t>(iExpected), kFirstElements));
+            MakeFirstRoom((std::max)(static_cast<std::size_t>(iExpected), kFirstElements));
         }
     }
 
@@ -183,7 +183,7 @@ void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, co
         AddSalt();
         hash = m_saltedHash(iElement, m_salt);
     }
-    if (Size() == std::numeric_limits<int>::max()) {
+    if (Size() == (std::numeric_limits<int>::max)()) {
         return nullptr;
     }
     if (m_elements.size() == m_elements.capacity() || m_heads.size() < (m_elements.size() + 1) * kBucketsPerElement) {

@@ -1,8 +1,8 @@
 #ifndef KELSysTSListOfUnicodeString_H
 #define KELSysTSListOfUnicodeString_H
 
-#include <KELSysTSUnicodeString.h>
-#include <KELValueList.h>
+#include "KELSysTSUnicodeString.h"
+#include "KELValueList.h"
 
 /// A list of `KELSysTSUnicodeString`, positions from 1.
 class KELSysTSListOfUnicodeString : public KELValueList<KELSysTSUnicodeString> {

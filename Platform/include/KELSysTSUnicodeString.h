@@ -1,10 +1,11 @@
 #ifndef KELSysTSUnicodeString_H
 #define KELSysTSUnicodeString_H
 
+#include "KELExport.h"
 #include "KELUnicodeString.h"
 
 /// A string of the system-services library, which is built from and read as UTF-8. Used as a plain value.
-class KELSysTSUnicodeString {
+class KEL_API KELSysTSUnicodeString {
 public:
     KELSysTSUnicodeString() noexcept = default;
 

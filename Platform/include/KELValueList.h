@@ -1,46 +1,62 @@
 #ifndef KELValueList_H
 #define KELValueList_H
 
-#include <KELPositions.h>
+#include "KELExport.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <vector>
+#include <utility>
 
 /// A list of values with positions from 1, the common part of the platform's lists of strings.
 ///
-/// Not changed by one thread while another uses it. Growing throws the standard allocation failure and leaves the list
-/// as it was.
+/// Its array belongs to the platform library, which alone makes, copies and destroys elements: a list passes between
+/// modules whose standard libraries, or modes of one, differ. Whatever allocates throws `std::bad_alloc`, also for more
+/// than 2^31 - 1 elements, and then leaves the list as it was. A growing list doubles its room.
+///
+/// Thread-compatible.
+/// \tparam T KELUnicodeString or KELSysTSUnicodeString; the library has the list of no other type
 template <class T>
-class KELValueList {
+class KEL_API KELValueList {
 public:
-    int Size() const noexcept { return static_cast<int>(m_elements.size()); }
+    KELValueList() noexcept = default;
+    KELValueList(const KELValueList& iOther);
+    KELValueList(KELValueList&& ioOther) noexcept { Swap(ioOther); }
+    KELValueList& operator=(KELValueList iOther) noexcept
+    {
+        Swap(iOther);
+        return *this;
+    }
+    ~KELValueList();
+
+    int Size() const noexcept { return m_size; }
 
     /// The element at iPosition, from 1 to `Size()`; valid until the list changes. Any other position is reported as a
-    /// failed check and gives an empty element.
+    /// failed check and gives an empty element, which is there as long as the platform library is.
     const T& operator[](int iPosition) const
     {
-        return KELHasPosition(iPosition, Size()) ? m_elements[static_cast<std::size_t>(iPosition) - 1] : s_empty;
+        return iPosition >= 1 && iPosition <= m_size ? m_elements[iPosition - 1] : NoElement(iPosition);
     }
 
-    /// Makes room for iCount elements in all.
-    void Reserve(int iCount)
-    {
-        const auto count = static_cast<std::size_t>(iCount > 0 ? iCount : 0);
-        if (count > m_elements.capacity()) {
-            m_elements.reserve(std::max(count, 2 * m_elements.capacity())); // doubled, as repeated calls need it
-        }
-    }
+    /// Makes room for iCount elements in all, or for twice as many as there was room for, if that is more.
+    void Reserve(int iCount);
 
 protected:
-    void Add(const T& iElement) { m_elements.push_back(iElement); }
+    void Add(const T& iElement);
 
 private:
-    // Not within the operation: entering a guarded initialisation costs a library for Windows a thread-local slot,
-    // which is not given back when it is unloaded.
-    static inline const T s_empty{};
+    static T* Allocate(int iCount);
 
-    std::vector<T> m_elements;
+    const T& NoElement(int iPosition) const;
+    void MoveTo(T* iElements, int iCapacity) noexcept;
+
+    void Swap(KELValueList& ioOther) noexcept
+    {
+        std::swap(m_elements, ioOther.m_elements);
+        std::swap(m_size, ioOther.m_size);
+        std::swap(m_capacity, ioOther.m_capacity);
+    }
+
+    T* m_elements = nullptr;
+    int m_size = 0;
+    int m_capacity = 0;
 };
 
 #endif
