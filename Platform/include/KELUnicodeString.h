@@ -210,7 +210,7 @@ private:
     KELText& Text() const noexcept
     {
         KELText* text = nullptr;
-        std::memcpy(&text, m_form.m_words, sizeof(text));
+        std::memcpy(&text, m_form.m_words, sizeof(KELText*));
         return *text;
     }
 
