@@ -120,7 +120,7 @@ protected:
             read.held[names[count]] = ReadValue(*iSet.GetProperty(names[count]));
         }
         ZrvConstPropertiesPrototype* prototype = nullptr;
-        iSet.GetPrototype(prototype);
+        static_cast<void>(iSet.GetPrototype(prototype));
         if (prototype) {
             prototype->Release();
             read.prototype = &m_known.at(prototype);
