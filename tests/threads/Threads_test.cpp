@@ -147,6 +147,28 @@ TEST_F(Threads, CopyAndReadWhileAssigned)
     EXPECT_TRUE(isWhole(sets[0]) && isWhole(sets[1]) && isWhole(sets[2]));
 }
 
+// A thread that holds a host's mutex uses the set, while another lets an object go that takes the mutex.
+TEST_F(Threads, WhatGoesMayWaitForAThreadThatUsesTheSet)
+{
+    std::mutex hosts;
+    ZrvProperties empty = Filled(1, 5);
+    empty.AddProperty("object", "KELSysTSBaseUnknownPtr", nullptr);
+    ZrvProperties set(empty);
+    const Job replace = [&](int iRound) {
+        auto* const object = new CountedObject([&hosts] { const std::lock_guard lock(hosts); });
+        Expect(set.SetProperty("object", Object(object)).IsValid());
+        object->Release();
+        iRound % 3 == 0   ? void(set = empty)
+        : iRound % 3 == 1 ? Expect(set.SetFromProperties(empty).IsValid())
+                          : Expect(set.SetProperty("object", Object(nullptr)).IsValid());
+    };
+    const Job use = [&](int) {
+        const std::lock_guard lock(hosts);
+        Expect(set.SetProperty("number0", Int(5)).IsValid() && set.GetPropertyType("object") != "");
+    };
+    RunTogether({replace, use});
+}
+
 TEST_F(Threads, SharePrototypesTextsAndFloats)
 {
     ZrvPrototypeImpl nested;
