@@ -47,16 +47,24 @@ TEST_F(ZrvPropertiesTest, ListsReportOtherPositions)
     }
 }
 
-// A copy assigns in place: who holds a value goes on with it.
-TEST_F(ZrvPropertiesTest, CopyAssignsInPlace)
+/// A set that names nothing it holds.
+struct SecretiveSet : ZrvProperties {
+    using ZrvProperties::GetListProperties;
+    int GetListProperties(KELListValKELUnicodeString&) const override { return 0; }
+};
+
+TEST_F(ZrvPropertiesTest, CopyAssignsInPlaceWhatTheSourceNames)
 {
-    ZrvProperties source;
+    SecretiveSet source;
     source.AddProperty("a", "float", nullptr);
     ZrvProperties target(source);
     const ZrvPropertyValueBase* const held = target.GetProperty("a");
-    source.SetProperty("a", ZrvPropertyValue<float>(1.5F));
+    const ZrvPropertyValue<float> value(1.5F);
+    source.SetProperty("a", value);
     EXPECT_EQ(Answer(target.SetFromProperties(source)), "ok");
-    EXPECT_TRUE(held->IsPurelyIdenticalTo(ZrvPropertyValue<float>(1.5F)) && held == target.GetProperty("a"));
+    EXPECT_FALSE(held->IsPurelyIdenticalTo(value));
+    EXPECT_EQ(Answer(target.SetFromProperties(ZrvProperties(source))), "ok");
+    EXPECT_TRUE(held->IsPurelyIdenticalTo(value) && held == target.GetProperty("a"));
 }
 
 /// A prototype of the host's, which answers as it likes: that it declares everything but "absent", a type for each

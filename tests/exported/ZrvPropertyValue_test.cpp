@@ -79,6 +79,11 @@ TEST_F(ZrvPropertyValueTest, ClassesOfTheHostsAreTakenForWhatTheyAre)
     OneLess value(0);
     EXPECT_EQ(Answer(value.SetValueFromProperty(Int(20))), "nothing done: own");
     EXPECT_TRUE(value.IsPurelyIdenticalTo(Int(19)));
+    auto* const object = new CountedObject;
+    ZrvPropertyValue<KELSysTSBaseUnknown*> held(object);
+    object->Release();
+    held.SetValue(object); // is taken again before it is given up
+    EXPECT_EQ(CountOf(*object), 1U);
 }
 
 } // namespace

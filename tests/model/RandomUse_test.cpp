@@ -35,8 +35,10 @@ TEST_P(RandomUse, AgreesWithTheModel)
     EXPECT_GE(troubles, failsOften ? operations * 4 : operations) << "were met";
 }
 
+constexpr const char* kNames[] = {"Refusals", "MemoryFailsOnce", "MemoryFailsForGood", "CallBacks"};
 INSTANTIATE_TEST_SUITE_P(Trouble, RandomUse,
                          ::testing::Values(Trouble::Refusals, Trouble::MemoryFailsOnce, Trouble::MemoryFailsForGood,
-                                           Trouble::CallBacks));
+                                           Trouble::CallBacks),
+                         [](const auto& iInfo) { return kNames[static_cast<int>(iInfo.param)]; });
 
 } // namespace
