@@ -97,16 +97,14 @@ public:
     Entry* At(int iIndex) { return static_cast<Entry*>(m_table.Get(iIndex)); }
     const Entry* At(int iIndex) const { return static_cast<const Entry*>(m_table.Get(iIndex)); }
 
-    /// Whether a map can be made a copy of another at once; not over a table that is not ours.
-    static constexpr bool kCanCopyAll = KELSYPHashedTable<KELSysSimpleHashTable>;
-
     /// Makes an empty map a copy of another: the same keys in the same order, each with a value that iCopy makes of the
-    /// other's entry. Neither map is changed meanwhile. Throws what iCopy throws, with the entries made before. Linear.
+    /// other's entry. Neither map is changed meanwhile. False, and nothing happens, over a table that is not ours.
+    /// Throws what iCopy throws, with the entries made before. Linear.
     template <class Copy>
-    void CopyFrom(const KELSYPHashMap& iOther, const Copy& iCopy)
+    bool CopyFrom(const KELSYPHashMap& iOther, const Copy& iCopy)
     {
         m_pool.Reserve(static_cast<std::size_t>(iOther.Size()));
-        m_table.CopyFrom(iOther.m_table, [this, &iCopy](void* iElement) -> void* {
+        return Access::CopyAll(iOther.m_table, m_table, [this, &iCopy](void* iElement) -> void* {
             const Entry& entry = *static_cast<const Entry*>(iElement);
             return m_pool.Make(entry.key, iCopy(entry)).release();
         });

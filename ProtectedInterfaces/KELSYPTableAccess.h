@@ -53,13 +53,25 @@ struct KELSYPTableAccess {
         }
     }
 
+    /// Makes an empty table a copy of another with elements that iReplace makes; false for a table that is not ours.
+    template <class Replace>
+    static bool CopyAll(const Table& iFrom, Table& oTo, const Replace& iReplace)
+    {
+        if constexpr (KELSYPHashedTable<Table>) {
+            oTo.CopyFrom(iFrom, iReplace);
+            return true;
+        } else {
+            return false;
+        }
+    }
+
     /// Moves all elements to an empty table, or none when an untyped table does not take one over. Null elements stay.
     static bool MoveAll(Table& ioFrom, Table& oTo) noexcept
     {
         if constexpr (KELSYPHashedTable<Table>) {
             oTo.Swap(ioFrom);
         } else {
-            if (!CopyAll(ioFrom, oTo)) {
+            if (!ShareAll(ioFrom, oTo)) {
                 oTo.RemoveAll();
                 return false;
             }
@@ -69,7 +81,7 @@ struct KELSYPTableAccess {
     }
 
 private:
-    static bool CopyAll(const Table& iFrom, Table& oTo) noexcept
+    static bool ShareAll(const Table& iFrom, Table& oTo) noexcept
     {
         try {
             for (int i = 0; i < iFrom.Size(); ++i) {

@@ -33,27 +33,29 @@
 
 namespace ZrvPropertyAccess {
 
+/// The code point of a well-formed character.
+inline char32_t CodePoint(std::string_view iCharacter)
+{
+    const auto bits = [](char iByte) { return static_cast<unsigned char>(iByte); };
+    char32_t code = iCharacter.size() == 1 ? bits(iCharacter[0]) : bits(iCharacter[0]) & (0x7FU >> iCharacter.size());
+    for (const char byte : iCharacter.substr(1)) {
+        code = code << 6U | (bits(byte) & 0x3FU);
+    }
+    return code;
+}
+
 /// Whether a reader sees iCharacter as what it is: neither ill-formed nor a control of the terminal's or of the
 /// direction of writing.
 inline bool IsPrintable(std::string_view iCharacter)
 {
-    struct Range {
-        std::string_view first;
-        std::string_view last;
-    };
-    constexpr Range kUnprintable[] = {{std::string_view("\0", 1), "\x1F"},
-                                      {"\x7F", "\x7F"},
-                                      {"\xC2\x80", "\xC2\x9F"},
-                                      {"\xD8\x9C", "\xD8\x9C"},
-                                      {"\xE2\x80\x8E", "\xE2\x80\x8F"},
-                                      {"\xE2\x80\xA8", "\xE2\x80\xAE"},
-                                      {"\xE2\x81\xA6", "\xE2\x81\xA9"}};
+    constexpr std::pair<char32_t, char32_t> kUnprintable[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x61C, 0x61C},
+                                                              {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
     if (iCharacter.size() == 1 && static_cast<unsigned char>(iCharacter[0]) >= 0x80) {
         return false; // a byte that is no character
     }
-    return std::none_of(std::begin(kUnprintable), std::end(kUnprintable), [iCharacter](const Range& iRange) {
-        return iCharacter.size() == iRange.first.size() && iCharacter >= iRange.first && iCharacter <= iRange.last;
-    });
+    const char32_t code = CodePoint(iCharacter);
+    return std::none_of(std::begin(kUnprintable), std::end(kUnprintable),
+                        [code](const auto& iRange) { return code >= iRange.first && code <= iRange.second; });
 }
 
 /// The text with a backslash in front of quotes and backslashes, and "\x0A" for each byte that cannot be printed.

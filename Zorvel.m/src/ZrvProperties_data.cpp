@@ -203,9 +203,8 @@ ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, 
     if (!valueClass) {
         return property->SetValue(iValue);
     }
-    const bool isOfType = iValue.GetType().GetLengthInChar() > 0 && valueClass->TypeName() == iValue.GetType();
-    if (!isOfType || !oGivenUp.MakeAnswer(*valueClass, iValue)) {
-        return ZrvProperty::RefuseValue();
+    if (iValue.GetType().GetLengthInChar() > 0 && iValue.GetType() == valueClass->TypeName()) {
+        oGivenUp.MakeAnswer(*valueClass, iValue);
     }
     return SwapValue_Int(iPropertyName, oGivenUp);
 }

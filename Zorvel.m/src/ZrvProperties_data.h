@@ -84,14 +84,14 @@ private:
     /// and no parameters. The last adds, to a copy of the entry at a position, what is counted.
     /// @{
     void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
-    void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy) const KEL_REQUIRES(m_mutex);
+    void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     void CopyCounted_Int(int iIndex, const PropertyMap::Entry& iCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     /// @}
 
     /// Whether each entry has a name and a value of one of the nine classes, so that all can be copied at once; and
     /// whether, then, each has the type that a plain prototype declares, so that an assignment may do so.
     /// @{
-    bool CanCopyAll_Int() const KEL_REQUIRES(m_mutex);
+    bool IsWhole_Int() const KEL_REQUIRES(m_mutex);
     bool IsAsDeclared_Int() const KEL_REQUIRES(m_mutex);
     /// @}
 

@@ -25,11 +25,7 @@ ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource)
     ZrvPropertiesContents copy;
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     copy.prototype = iSource.m_pPrototype;
-    if (iSource.CanCopyAll_Int()) {
-        iSource.CopyAllTo_Int(copy, false);
-    } else {
-        iSource.CopyOneByOneTo_Int(copy);
-    }
+    iSource.CopyAllTo_Int(copy, false);
     TakeAll_Int(copy);
 }
 
@@ -43,7 +39,7 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     ZrvPropertiesContents copy;
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     copy.prototype = iSource.m_pPrototype;
-    const bool isCopied = iSource.CanCopyAll_Int() && iSource.IsAsDeclared_Int();
+    const bool isCopied = iSource.IsWhole_Int() && iSource.IsAsDeclared_Int();
     if (isCopied) {
         iSource.CopyAllTo_Int(copy, true);
     }
@@ -55,14 +51,11 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     return *this;
 }
 
-bool ZrvPropertiesData::CanCopyAll_Int() const
+bool ZrvPropertiesData::IsWhole_Int() const
 {
-    if constexpr (!PropertyMap::kCanCopyAll) {
-        return false;
-    }
     for (int i = 0; i < m_propertyMap.Size(); ++i) {
-        const PropertyMap::Entry& entry = *m_propertyMap.At(i);
-        if (entry.key.GetLengthInChar() == 0 || !entry.value || !entry.value->ValueClass()) {
+        const PropertyMap::Entry* const entry = m_propertyMap.At(i);
+        if (!entry || entry->key.GetLengthInChar() == 0 || !entry->value || !entry->value->ValueClass()) {
             return false;
         }
     }
@@ -87,15 +80,20 @@ bool ZrvPropertiesData::IsAsDeclared_Int() const
 void ZrvPropertiesData::CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const
 {
     oCopy.pool.Reserve(static_cast<std::size_t>(m_propertyMap.Size()));
-    oCopy.map.CopyFrom(m_propertyMap, [&oCopy](const PropertyMap::Entry& iEntry) {
+    const auto copyValue = [&oCopy](const PropertyMap::Entry& iEntry) {
         return oCopy.pool.Make(*iEntry.value).release();
-    });
+    };
+    if (!IsWhole_Int() || !oCopy.map.CopyFrom(m_propertyMap, copyValue)) {
+        CopyOneByOneTo_Int(oCopy, iIsAssigned);
+        return;
+    }
     for (int i = 0; i < oCopy.map.Size(); ++i) {
         CopyCounted_Int(i, *oCopy.map.At(i), iIsAssigned);
     }
 }
 
-void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy) const
+// Leaves out entries that lack their name or their property. Works over any table.
+void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const
 {
     for (int i = 0; i < m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const source = m_propertyMap.At(i);
@@ -105,7 +103,7 @@ void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy) const
         ZrvPropertiesContents::Pool::Owner property = oCopy.pool.Make(*source->value);
         if (oCopy.map.Add(source->key, property.get()) == 1) {
             const PropertyMap::Entry copy{source->key, property.release()};
-            CopyCounted_Int(i, copy, false);
+            CopyCounted_Int(i, copy, iIsAssigned);
         }
     }
 }

@@ -106,13 +106,11 @@ void ZrvValueHolder::MakeCopy(const ZrvValueHolder& iOther)
     }
 }
 
-bool ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue)
+void ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue)
 {
-    ZrvPropertyValueBase* const answer = iClass.makeAnswer(m_room, iValue);
-    if (answer) {
+    if (ZrvPropertyValueBase* const answer = iClass.makeAnswer(m_room, iValue)) {
         Place(iClass, answer);
     }
-    return answer != nullptr;
 }
 
 void ZrvValueHolder::Destroy(ZrvPropertyValueBase* iValue) const noexcept

@@ -45,7 +45,8 @@ TEST_P(RandomUse, AgreesWithTheModel)
 INSTANTIATE_TEST_SUITE_P(Trouble, RandomUse,
                          ::testing::Values(Case{"Refusals", Trouble::Refusals, 64000, 8000},
                                            Case{"MemoryFailsOnce", Trouble::MemoryFailsOnce, 4000, 2000},
-                                           Case{"MemoryFailsForGood", Trouble::MemoryFailsForGood, 4000, 2000}),
+                                           Case{"MemoryFailsForGood", Trouble::MemoryFailsForGood, 4000, 2000},
+                                           Case{"CallBacks", Trouble::CallBacks, 64000, 8000}),
                          [](const auto& iInfo) { return iInfo.param.name; });
 
 } // namespace
