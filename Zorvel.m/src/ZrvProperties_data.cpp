@@ -195,6 +195,7 @@ ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, 
     if (!g_check.HasName(iPropertyName) || !g_check.HasType(iValue)) {
         return ZrvRC::zrvEC_Error;
     }
+    const KELUnicodeString valueType = iValue.GetType();
     ZrvProperty* const property = Find_Int(iPropertyName);
     if (!property) {
         return ZrvRC::zrvEC_Error;
@@ -203,7 +204,7 @@ ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, 
     if (!valueClass) {
         return property->SetValue(iValue);
     }
-    if (iValue.GetType().GetLengthInChar() > 0 && iValue.GetType() == valueClass->TypeName()) {
+    if (valueType == valueClass->TypeName()) {
         oGivenUp.MakeAnswer(*valueClass, iValue);
     }
     return SwapValue_Int(iPropertyName, oGivenUp);
