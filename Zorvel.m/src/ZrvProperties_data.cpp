@@ -174,8 +174,7 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
     ioGivenUp.MakeRoom(1);
     auto propertyPrototype = ZrvProperty::Prototype::Adopt(prototype->GetPropertyPrototype(iPropertyName));
     // What has been answered counts no more if the set follows another prototype by now.
-    const bool isAdded =
-        m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
+    const bool isAdded = m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
     ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(propertyPrototype.Detach()));
     return OkIf(isAdded);
 }

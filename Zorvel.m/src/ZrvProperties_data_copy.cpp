@@ -113,7 +113,8 @@ void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iC
     // Looked up anew each time: counting may call the host.
     const auto findSource = [&]() -> const ZrvProperty* {
         const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
-        const bool isSame = entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
+        const bool isSame =
+            entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
         return isSame ? entry->value : nullptr;
     };
     const ZrvProperty* source = m_propertyMap.At(iIndex)->value;
