@@ -92,8 +92,8 @@ public:
 
     virtual KELSYPHashMapIterator<K, V>* CreateIterator() { return std::as_const(*this).CreateIterator(); }
 
-    /// The entry at a position of the traversal, from 0 to `Size() - 1`; null for any other position and where the table
-    /// has none. It is owned by the map and valid until it is removed.
+    /// The entry at a position of the traversal, from 0 to `Size() - 1`; null for any other position and where the
+    /// table has none. It is owned by the map and valid until it is removed.
     Entry* At(int iIndex) { return static_cast<Entry*>(m_table.Get(iIndex)); }
     const Entry* At(int iIndex) const { return static_cast<const Entry*>(m_table.Get(iIndex)); }
 
@@ -166,8 +166,8 @@ private:
         return static_cast<Entry*>(Access::Locate(m_table, AsElement(iKey), iKey.ComputeHashKey(), isKey));
     }
 
-    // Gives an entry to the table, unless one of that key is there; returns the one that is then, or null after a report
-    // when the table takes no more.
+    // Gives an entry to the table, unless one of that key is there; returns the one that is then, or null after a
+    // report when the table takes no more.
     Entry* Offer(typename Pool::Owner& ioEntry)
     {
         Entry* const entry = ioEntry.get();

@@ -6,15 +6,20 @@
 /// \file
 /// How the keyed map reaches its table.
 
-/// A table that can do more than the platform's: it takes a hash that is at hand, compares in line, and can be exchanged
-/// and copied as a whole.
+/// A table that can do more than the platform's: it takes a hash that is at hand, compares in line, and can be
+/// exchanged and copied as a whole.
 ///
-/// `KELSysSimpleHashTable` of this tree is one. The table of the real platform offers the untyped interface alone, and the
-/// map must work over it as well; so everything that goes beyond that interface goes through `KELSYPTableAccess`.
+/// `KELSysSimpleHashTable` of this tree is one. The table of the real platform offers the untyped interface alone, and
+/// the map must work over it as well; so everything that goes beyond that interface goes through `KELSYPTableAccess`.
 template <class Table>
-concept KELSYPHashedTable = requires(Table& ioTable, void* iElement, bool (*iIsSame)(void*)) {
-    { ioTable.InsertHashed(iElement, 0U, iIsSame) } -> std::same_as<void*>;
-    { ioTable.LocateHashed(iElement, 0U, iIsSame) } -> std::same_as<void*>;
+concept KELSYPHashedTable = requires(Table& ioTable, void* iElement, bool (*iIsSame)(void*))
+{
+    {
+        ioTable.InsertHashed(iElement, 0U, iIsSame)
+        } -> std::same_as<void*>;
+    {
+        ioTable.LocateHashed(iElement, 0U, iIsSame)
+        } -> std::same_as<void*>;
     ioTable.Swap(ioTable);
     ioTable.CopyFrom(ioTable, [](void* iOther) { return iOther; });
 };

@@ -6,8 +6,8 @@
 ///
 /// What the headers say of threads:
 /// - "thread-safe": any number of threads may use one object at once;
-/// - "not changed by one thread while another uses it": threads may read one object at once, and may use different
-///   objects freely, but a change excludes every other use of the same object.
+/// - "thread-compatible": threads may read one object at once, and may use different objects freely, but a change
+///   excludes every other use of the same object.
 
 #include "KELCheckFailure.h"
 #include "ZrvConstPropertiesPrototype.h"

@@ -12,8 +12,7 @@
 /// structured property, a nested prototype.
 ///
 /// A counted object, which starts with one reference for its creator. Whoever keeps a prototype takes a reference of
-/// its own; a prototype passed as an argument is only borrowed. A prototype does not lock: it is not changed while
-/// another thread reads it.
+/// its own; a prototype passed as an argument is only borrowed. Thread-compatible: a prototype does not lock.
 class ZRV_API ZrvConstPropertiesPrototype : public KELSysTSBaseUnknown {
 public:
     ZrvConstPropertiesPrototype& operator=(const ZrvConstPropertiesPrototype&) = delete;

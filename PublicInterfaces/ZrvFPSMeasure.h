@@ -21,8 +21,9 @@
 /// \endcode
 ///
 /// Rates are whole frames per second, rounded towards zero; a rate that no `int` holds gives the nearest one that does,
-/// and an interval of no length gives 0. When the clock cannot measure, rates stay as they are. Counts wrap around.
-/// Nothing fails, allocates or reports. One loop owns a meter: it is not used by two threads at once.
+/// and an interval of no length gives 0. When the clock cannot measure, rates stay as they are. Counts wrap around
+/// after 2^32 frames. Nothing fails, allocates or reports. Thread-compatible; reading a rate may measure, which is a
+/// change.
 class ZRV_API ZrvFPSMeasure {
 public:
     /// Starts measuring.

@@ -26,18 +26,38 @@ class ZrvPropertiesData;
 /// rc = set.SetProperty("width", ZrvPropertyValue<float>(1.0F)); // an error: the value stays 1920
 /// \endcode
 ///
-/// Thread-safe: each operation holds the set's lock for its whole run, and copies hold both sets' locks, taken in an
-/// order that all copies share. Destruction excludes every other use. A value that `GetProperty` hands out is read
-/// outside the lock: its reader excludes writers by other means.
+/// Thread-safe: each operation holds the set's lock for its whole run, and a copy holds the locks of both sets, taken
+/// in an order that all copies share. Destruction excludes every other use. A value that `GetProperty` returned is read
+/// outside the lock; its reader excludes writers by other means. After `fork` the child uses no set that another thread
+/// may have held at that moment.
 ///
 /// Every operation reports a broken precondition, such as an empty name, as a failed check. Return codes carry an empty
-/// trace where nothing else is said. Memory running out leaves an operation as the standard allocation failure; the set
-/// is then as it was, but for an assignment or a copy of values, which keeps what it had copied.
+/// trace where nothing else is said. An operation throws `std::bad_alloc` when memory runs out. The set is then as it
+/// was, but for a copy of values and an assignment, which may keep what they had copied.
+///
+/// Names are compared exactly and may contain bytes 0. Looking a name up takes constant time on average, also for names
+/// that were chosen to have one hash.
+///
+/// Operations call code of the host's, on the calling thread:
+///
+/// | called | when | locks held then |
+/// |---|---|---|
+/// | the handler of failed checks | a precondition is broken | those of the operation that reports |
+/// | a prototype of a class of the host's | something is added, asked for its availability or copied | the set's; in a
+/// copy both | | a value of a class of the host's | it is set | the set's | | `AddRef` of objects and prototypes | a
+/// reference is taken | the set's or none; in a copy both | | `Release`, and the destructor behind it | a set has given
+/// a reference up | none of the operation's | | overrides of a set of a class of the host's | `SetFromProperties` lists
+/// what it copies | none |
+///
+/// Each may use, fill and assign any set. An operation looks up anew what it has asked about, and an object that goes
+/// finds the set as the operation left it. Prototypes, values and overrides may throw; the handler, `AddRef` and
+/// `Release` may not. None may destroy the set, leave by `longjmp`, or wait for a thread that uses the set. A handler
+/// takes no mutex under which other threads use the set, and guards itself when its own calls can fail.
 class ZRV_API ZrvProperties {
 public:
     /// How a set answers for a name.
     enum PropertyAvailability : KELINT32 {
-        zrvPA_Unavailable = 0, ///< It can not be added: empty, or not declared by the prototype.
+        zrvPA_Unavailable = 0, ///< It cannot be added: empty, or not declared by the prototype.
         zrvPA_Available = 1,   ///< It can be added.
         zrvPA_Instantiated = 2 ///< The set holds it.
     };
@@ -45,13 +65,14 @@ public:
     /// An empty set, bound to iPrototype, which it keeps with a reference of its own, or free when that is null.
     ZrvProperties(ZrvConstPropertiesPrototype* iPrototype = nullptr); // NOLINT(google-explicit-constructor)
 
-    /// A set of its own with copies of all of the other's properties, and with the same prototype.
+    /// A set of its own with copies of all of the other's properties, and with the same prototype. Linear.
     ZrvProperties(const ZrvProperties& iOther);
 
     virtual ~ZrvProperties();
 
-    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. What
-    /// can not be copied is reported as a failed check and ends the copy.
+    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. A
+    /// property that cannot be copied ends the copy; it is reported as a failed check where adding or setting it by
+    /// itself would be. Linear.
     ZrvProperties& operator=(const ZrvProperties& iProperties);
 
     /// Stores the prototype in ioPrototype, which must be null, with a reference added for the caller; null for a free
@@ -62,11 +83,13 @@ public:
     virtual int HasProperty(const KELUnicodeString& iPropertyName) const;
 
     /// Adds the names of all properties to the list, in no particular order, behind what it holds; returns how many.
+    /// Linear.
     /// @{
     virtual int GetListProperties(KELSysTSListOfUnicodeString& ioList) const;
     virtual int GetListProperties(KELListValKELUnicodeString& ioList) const;
     /// @}
 
+    /// Whether the set holds a name, or could. `zrvPA_Unavailable` for an empty name, after a report.
     virtual PropertyAvailability GetAvailability(const KELUnicodeString& iPropertyName) const;
 
     /// The type name of a property that the set holds; empty for any other name.
@@ -84,13 +107,13 @@ public:
     /// \return an error for a free set, an empty name, a name that is not declared or one declared with an unknown type
     virtual ZrvRC AddProperty(const KELUnicodeString& iPropertyName);
 
-    /// A copy of the nested set of parameters of a property, which the caller deletes; null when it has none, and,
+    /// A copy of the nested set of parameters of a property, which the caller deletes; null when it has none and,
     /// after a report, for a name that the set does not hold.
     virtual ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;
 
     /// Copies every property of the other set into this one: adds those that it lacks, assigns those that it holds, and
     /// keeps its others. All names and the types of held properties are checked before anything changes.
-    /// \return an error for what this set can not take; `zrvEC_NothingDone` for the set itself
+    /// \return an error for what this set cannot take; `zrvEC_NothingDone` for the set itself
     virtual ZrvRC SetFromProperties(const ZrvProperties& iPropertiesValues);
 
     /// The value of a property, owned by the set and valid until the set is assigned to or destroyed; setting the

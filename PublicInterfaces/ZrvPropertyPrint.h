@@ -101,7 +101,7 @@ inline void Print(std::ostream& ioOutput, const KELRawCollfloat& iValue)
 }
 
 // Where bytes and objects lie tells a reader nothing, and differs from run to run.
-inline void Print(std::ostream& ioOutput, const unsigned char* iBytes)
+inline void Print(std::ostream& ioOutput, unsigned char* iBytes)
 {
     ioOutput << (iBytes ? "(bytes)" : "null");
 }

@@ -7,8 +7,7 @@
 
 /// Converts between the two forms of a value type, the enumerator and the type name.
 ///
-/// Neither conversion fails, allocates or reports: what is unknown gives the other form's unknown. Thread-safe, and
-/// usable from any static initialiser and destructor.
+/// Neither conversion fails, allocates or reports. Thread-safe, and usable in any static initialiser and destructor.
 class ZRV_API ZrvPropertyTypeConv {
 public:
     ZrvPropertyTypeConv() = default;
@@ -20,11 +19,10 @@ public:
     ZrvPropertyTypeConv& operator=(ZrvPropertyTypeConv&& iOther) noexcept;
     /// @}
 
-    /// The type name, such as "KELINT32"; empty for any value that is none of the nine types. The string shows a text
-    /// of the library's, to be given up before the library is unloaded.
+    /// Returns the type name, such as "KELINT32". A value that is none of the nine types yields an empty string.
     static KELUnicodeString GetAsUnicode(ZrvPropertyType iType);
 
-    /// The type of that exact name; `zrvPT_Undefined` for any other text.
+    /// Returns the type of that exact name. An unknown name yields `zrvPT_Undefined`.
     static ZrvPropertyType GetEnum(const KELUnicodeString& iTypeName);
 };
 

@@ -11,7 +11,7 @@
 /// The typed values of ZrvPropertyValue.h give the operations their meaning. A bare base is a value without a type: its
 /// type name is empty, it cannot be duplicated or set, and it is identical to nothing.
 ///
-/// Not changed by one thread while another uses it.
+/// Thread-compatible.
 class ZRV_API ZrvPropertyValueBase {
 public:
     ZRV_INLINE ZrvPropertyValueBase() noexcept;
@@ -22,7 +22,7 @@ public:
     /// The value's type name; empty for a value without a type.
     virtual KELUnicodeString GetType() const;
 
-    /// A new copy, which the caller deletes; null for a value without a type. Throws the standard allocation failure.
+    /// A new copy, which the caller deletes; null for a value without a type. Throws `std::bad_alloc`.
     virtual ZrvPropertyValueBase* Duplicate() const;
 
     /// Takes over the value of iOther, which must have the same type name; else an error with an empty trace, and

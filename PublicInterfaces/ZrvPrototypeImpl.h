@@ -19,8 +19,9 @@ class KELSYPHashMap;
 /// prototype->Release(); // the set keeps its own reference
 /// \endcode
 ///
-/// Names are compared exactly. Not changed by one thread while another uses it; declaring properties may throw the
-/// standard allocation failure, and declares nothing then.
+/// Names are compared exactly. Declaring a property may throw `std::bad_alloc`, and declares nothing then. What a
+/// prototype lets go of finds it whole. Chains of nested prototypes of any length go without deep recursion.
+/// Thread-compatible; sets lock themselves, but not their prototype.
 class ZRV_API ZrvPrototypeImpl : public ZrvPropertiesPrototype {
 public:
     ZrvPrototypeImpl();

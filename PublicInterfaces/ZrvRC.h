@@ -26,8 +26,8 @@
 /// A result that a caller does not look at is a warning of the compiler; `static_cast<void>(...)` says that it is
 /// meant.
 ///
-/// A plain value: not changed by one thread while another uses it. No operation fails or reports; those that lengthen
-/// the trace may throw the standard allocation failure, and change nothing then.
+/// A plain value. No operation fails or reports. Those that lengthen the trace may throw `std::bad_alloc`, and change
+/// nothing then. Appending costs what is appended, not what the trace holds. Thread-compatible.
 class [[nodiscard]] ZRV_API ZrvRC {
 public:
     /// Read as an unsigned number, 0 and 1 are successes and every other code is an error.
@@ -59,6 +59,7 @@ public:
     ZRV_INLINE ZrvRC& operator=(const ZrvRC& iOther) noexcept;
     ZRV_INLINE ~ZrvRC();
 
+    /// The code.
     ZRV_INLINE ErrorCode GetRC() noexcept;
 
     /// The trace, owned by this object.
@@ -67,9 +68,14 @@ public:
     /// The trace as narrow text (UTF-8), never null; valid until the trace changes or this object is destroyed.
     ZRV_INLINE const char* Dump() const noexcept;
 
+    /// Whether the code is a success.
     ZRV_INLINE bool IsValid() noexcept;
+
+    /// Whether the code is an error.
+    /// @{
     ZRV_INLINE bool IsError() noexcept;
     ZRV_INLINE bool operator!() noexcept;
+    /// @}
 
     /// Compare the codes; traces do not count.
     /// @{
@@ -89,7 +95,8 @@ public:
     ZrvRC& Add(const ZrvRC& iOther);
 
     /// The text with the prefix in front of its first character and behind each line break ("\n"), a final one
-    /// included; a null prefix gives the text as it is.
+    /// included; a null prefix gives the text as it is. Throws `std::bad_alloc` for a result of more than 2^31 - 1
+    /// bytes. Linear in the result.
     /// @{
     static KELUnicodeString InsertLinesBegin(const KELUnicodeString& iText, KELUnicodeString& iPrefix);
     static KELUnicodeString InsertLinesBegin(const KELUnicodeString& iText, char* iPrefix);

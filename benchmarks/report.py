@@ -1,328 +1,229 @@
 #!/usr/bin/env python3
-"""Turns the results of the benchmark into tables, and on request into docs/performance.md with its chart.
+"""Prints the results of the benchmark as a page in Markdown: docs/performance.md is its print.
 
-usage: report.py RESULTS.json [--instructions FOLDER] [--write FOLDER]
+usage: report.py [--times FILE] [--instructions FOLDER] [--chart FILE]
 
-RESULTS.json   what the benchmark program wrote
---instructions the folder of the dumps of a run under callgrind
---write        the folder that receives performance.md and performance.svg
+--times         what the benchmark program wrote as JSON; without it the table of instructions alone is printed
+--instructions  the folder of the dumps of a run under callgrind
+--chart         the file that receives the chart
 """
 
 import argparse
-import collections
 import json
 import pathlib
 import re
-import statistics
 
-import chart
+import pandas
 
-LIBRARY, BASELINE, FLOOR = "Zorvel", "baseline", "floor"
+LIBRARY, BASELINE = "Zorvel", "baseline"
+CONTESTANTS = [LIBRARY, BASELINE, "absl::flat_hash_map", "QVariantHash"]
 MILLION = 1_000_000
 
 # The order of the tables; the run itself has none.
-WORKLOADS = ("SetInt32", "GetInt32", "SetString40", "GetString40", "Has", "BuildDestroy16", "Copy16", "CopyInto16",
-             "List16", "SetInt32in10000", "GetInt32in10000", "Add1000000", "Find1000000", "ReturnCode",
-             "FrameIncrement", "Floor")
-CONTESTANTS = (LIBRARY, BASELINE, "typed setters", "absl::flat_hash_map", "GstStructure", "GObject", "QVariantHash",
-               "Imf::Header", FLOOR)
+WORKLOADS = ["SetInt32", "GetInt32", "Has", "SetString12", "SetString20", "SetString40", "SetString4000", "GetString12",
+             "GetString20", "GetString40", "GetString4000", "SetObject", "BuildDestroy16", "Copy16", "Copy16Objects",
+             "CopyInto16", "List16", "SetInt32in10000", "GetInt32in10000", "Copy10000", "Add1000000", "Find1000000",
+             "SetKept", "SetLiteral", "GetKept", "GetLiteral", "ReadmeRead", "HasLiteral25", "SetStringLiteral25",
+             "FirstProgramKept", "FirstProgramLiteral", "ReturnCode", "FrameIncrement"]
+THREADED = ["SetEqualNames", "SetSharedNames", "SetInOneSet", "ListEqualNames", "ListSharedNames"]
+INSTRUCTIONS_ALONE = ["ReturnCode", "FrameIncrement"] # too short to be timed
 
-# Time of the library divided by the baseline's.
-TARGETS = {
-    "SetInt32": 1.0, "GetInt32": 0.6, "SetString40": 1.0, "GetString40": 0.6, "Has": 0.5, "BuildDestroy16": 0.7,
-    "Copy16": 0.7, "CopyInto16": 1.0, "List16": 0.6, "SetInt32in10000": 1.0, "GetInt32in10000": 0.6,
-}
-ALLOCATIONS = {"SetInt32": 0, "GetInt32": 0, "SetString40": 0, "GetString40": 0, "Has": 0, "SetInt32in10000": 0,
-               "GetInt32in10000": 0, "BuildDestroy16": 20, "Copy16": 20}
-FLOOR_TOLERANCE = 1.1 # what counts as "at the floor" with the noise of a single nanosecond
-MOST_GROWTH = 2.5
-LEAST_THREADING = 1.9
+# At most this time, divided by the baseline's.
+TARGETS = {"SetInt32": 1.05, "GetInt32": 0.90, "Has": 0.87, "SetString12": 1.05, "SetString20": 1.05,
+           "SetString40": 2.1, "GetString12": 0.92, "GetString20": 0.92, "Copy16": 0.70, "CopyInto16": 0.62,
+           "List16": 0.58, "SetInt32in10000": 0.80, "GetInt32in10000": 0.62, "BuildDestroy16": 0.70}
+WITHOUT_ALLOCATION = ["SetInt32", "GetInt32", "Has", "SetString12", "SetString20", "GetString12", "GetString20",
+                      "SetLiteral", "GetLiteral", "HasLiteral25", "SetStringLiteral25"]
 
-INTRODUCTION = """# Performance
+PAGE = """# Performance
 
-What a property set costs beside what one would write instead. `tools/bench --instructions` measured and wrote this page.
-
-Contestants:
+What a property set costs beside what one would write instead. This page is what `tools/bench` prints.
 
 - **{library}**: the library, linked as a caller links it.
-- **baseline**: written by hand: `std::unordered_map` from `std::string` to a `std::variant` of the nine types, looked up
-  by `std::string_view`; a map of declared types that is asked when a property is added; a check of the type when one is
-  set; a `std::recursive_mutex` held for each operation. Its functions lie in a source of their own, without link-time
-  optimisation, as the library lies behind a boundary. Its copy into another set checks each type as it goes and stops
-  half-way when one differs; the library checks them all before it changes anything. A value is passed as a variant.
-- **typed setters**: the baseline with a setter for each type: it builds no variant and copies a text into the old one.
+- **baseline**: the best that we could write by hand for the same job. `std::unordered_map` from `std::string` to a
+  `std::variant` of the nine types, looked up by `std::string_view`, with the names' hashes kept in its nodes; a map of
+  default values that is asked when a property is added; a check of the type when one is set; a `std::recursive_mutex`
+  held for each operation. Setters are typed, and a text is written into the room of the old one. The getter hands out a
+  pointer to the value, which the caller reads in place. A copy into another set checks all names and types before it
+  changes anything, and looks each name up once. Operations are not inlined, as those of a library are not.
 - **absl::flat_hash_map**: the baseline on that map.
-- **GstStructure**, **GObject** (object properties), **QVariantHash**, **Imf::Header**: what other frameworks offer,
-  behind the same mutex, because they have none of their own. GstStructure and Imf::Header have no schema. The
-  properties of a GObject are there from construction on, and its copy is a new object that gets every value.
-- **floor**: a `std::recursive_mutex` locked and unlocked, one probe with a hash at hand, one store. The return code's
-  floor is a structure of a number and a pointer, the frame increment's two plain counters.
+- **QVariantHash**: `QHash` from `QString` to `QVariant` behind the baseline's lock, with five kinds of values.
 
-A set has 16 properties of all nine types, with names of 5 to 30 characters; they are looked up with keys that are equal
-to the names but share nothing with them. All contestants run in one process, their repetitions in random order, with
-two more threads parked. Numbers are medians of processor time per operation. The throughput of threads is by elapsed
-time: it means something only when the machine has nothing else to do, which the processor time beside it shows. The
-longest addition is the shortest of nine runs' longest. Heap allocations count `malloc`, `calloc`, `realloc` and what is
-built on them, in all modules. Times of different machines and runs do not compare: read the ratios.
+A set has 16 properties of all nine types, with names of 5 to 30 bytes; they are looked up with keys that are equal to
+the names but share nothing with them. The number behind "String" is the length of the texts in bytes. "Kept" and
+"Literal" set and get one property under a key that the caller keeps and under a literal. "ReadmeRead" reads by
+`GetProperty` with a literal, a comparison of type names and `GetValue`. "FirstProgram" declares, adds, sets, lists,
+copies and reads two properties with the help of `ZrvPropertyAccess.h`. All contestants run in one process, their
+repetitions in random order, with two more threads parked. Times are medians of processor time per operation; on a
+million properties, per property. Allocations count `malloc`, `calloc`, `realloc` and what is built on them, in all
+modules. Instructions are counted under callgrind and differ little from run to run. Times of different machines and
+runs do not compare: read the ratios.
+
+This run: {processors} processors, {repetitions} repetitions.
+
+![Time divided by the baseline's](performance.svg)
+
+## Targets
+
+{targets}
+
+## Beside the baseline
+
+{beside}
+
+## All contestants
+
+Times in ns.
+
+{all}
+
+## Threads
+
+What one thread does, and then two at once, each with a set of its own. The names in both sets are equal, or the sets
+share them; in the last case both threads use one set. Times are elapsed ns per operation of all threads together, and
+mean something only when the machine has nothing else to do; processor time, which all threads together spend on one
+operation, stands beside them.
+
+{threads}
+
+## Memory
+
+Bytes of the heap for each of a million numbers with names of 20 bytes that nobody else keeps, the heap's own included.
+
+{memory}
+
+## How to repeat it
+
+`tools/bench` builds the `bench` preset, runs everything in about ten minutes, prints this page and writes it with its
+chart. `--quick` takes two minutes, leaves the million out and writes nothing. `--instructions` counts instructions and
+nothing else, of some workloads if wanted. `--library` measures another checkout of the library with these sources.
 """
 
-REPEAT = """## How to repeat it
 
-`tools/bench` builds the `bench` preset, runs everything in about five minutes, prints the tables and writes this page.
-`--quick` takes a minute, leaves the workloads on a million properties out and writes nothing. `--instructions` also
-counts instructions under callgrind; those repeat from run to run. A rival takes part if its Debian package is installed.
-"""
-
-
-class Results:
-    """The repetitions of a run, by workload, contestant and number of threads."""
-
-    def __init__(self, path):
-        self._times = collections.defaultdict(list)
-        self._processor_times = collections.defaultdict(list)
-        self.allocations = {}
-        with open(path, encoding="utf-8") as file:
-            content = json.load(file)
-        self.context = content["context"]
-        for run in content["benchmarks"]:
-            if run["run_type"] == "iteration":
-                self._add(run)
-        self.contestants = [c for c in CONTESTANTS if any(key[1] == c for key in self._times)]
-
-    def _add(self, run):
-        if run.get("error_occurred"):
-            raise SystemExit(f"{run['name']}: {run['error_message']}")
-        workload, contestant, *options = run["run_name"].split("/")
-        threads = next((int(o.split(":")[1]) for o in options if o.startswith("threads:")), 0)
-        is_elapsed = threads or "manual_time" in options
-        share = MILLION if workload.endswith(str(MILLION)) else 1
-        self._times[workload, contestant, threads].append(run["real_time" if is_elapsed else "cpu_time"] / share)
-        self._processor_times[workload, contestant, threads].append(run["cpu_time"] / share)
-        self.allocations[workload, contestant] = run["allocations"] / share
-
-    def repetitions(self):
-        return max(map(len, self._times.values()))
-
-    def time(self, workload, contestant, threads=0):
-        """The median in nanoseconds, or None."""
-        times = self._times.get((workload, contestant, threads))
-        return statistics.median(times) if times else None
-
-    def processor_time(self, workload, contestant, threads):
-        """The median of what all threads together spend on one operation."""
-        return statistics.median(self._processor_times[workload, contestant, threads])
-
-    def least(self, workload, contestant):
-        """The shortest of the few repetitions of what is a maximum by itself."""
-        times = self._times.get((workload, contestant, 0))
-        return min(times) if times else None
-
-    def ratio(self, workload, contestant, other):
-        time, reference = self.time(workload, contestant), self.time(workload, other)
-        return time / reference if time and reference else None
-
-    def best_rival(self, workload):
-        """The fastest but the library, the baseline and the floor; or None."""
-        times = {c: self.time(workload, c) for c in self.contestants if c not in (LIBRARY, BASELINE, FLOOR)}
-        times = {c: t for c, t in times.items() if t}
-        return min(times, key=times.get) if times else None
-
-    def floor(self, workload):
-        """The floor of a workload on single values; None where none is meant."""
-        if workload in ("SetInt32", "GetInt32", "SetString40", "GetString40", "Has"):
-            return self.time("Floor", FLOOR)
-        return self.time(workload, FLOOR)
+def read_times(path):
+    """Context and medians by workload, contestant and number of threads."""
+    content = json.loads(path.read_text(encoding="utf-8"))
+    runs = pandas.DataFrame(content["benchmarks"])
+    if "error_message" in runs and runs.error_message.notna().any():
+        raise SystemExit(runs[runs.error_message.notna()][["name", "error_message"]].to_string())
+    runs = runs[runs.run_type == "iteration"]
+    runs[["workload", "contestant"]] = runs.run_name.str.extract("^([^/]+)/([^/]+)").values
+    times = ["cpu_time", "real_time", "allocations"]
+    runs.loc[runs.workload.str.endswith(str(MILLION)), times] /= MILLION
+    by_run = runs.groupby(["workload", "contestant", "threads"])
+    return content["context"], by_run[times + ["bytes"]].median(), by_run.size().max()
 
 
-def number(value, digits=2):
-    return "" if value is None else f"{value:,.{digits}f}"
+def read_instructions(folder):
+    """Instructions per operation of workloads by contestants: the difference of two runs of different lengths."""
+    dumps = []
+    for path in folder.glob("callgrind.out.*"):
+        text = path.read_text(encoding="utf-8", errors="replace")
+        title = re.search(r"^desc: Trigger: Client Request: (.+)/(.+)/(\d+)$", text, re.MULTILINE)
+        total = re.search(r"^(?:totals|summary): (\d+)", text, re.MULTILINE)
+        if title and total and int(title[3]) > 1:
+            dumps.append((title[1], title[2], int(title[3]), int(total[1])))
+    frame = pandas.DataFrame(dumps, columns=["workload", "contestant", "operations", "total"])
+    most = frame.groupby(["workload", "contestant"]).agg(lambda column: column.max() - column.min())
+    return in_order((most.total / most.operations).unstack())
 
 
-def nanoseconds(value):
-    return "" if value is None else f"{value:,.1f}" if value < 1000 else f"{value:,.0f}"
+def in_order(frame):
+    """A table of workloads by contestants, in the order of the page."""
+    return frame.reindex(index=[w for w in WORKLOADS if w in frame.index],
+                         columns=[c for c in CONTESTANTS if c in frame.columns])
 
 
-def verdict(is_met):
-    return "yes" if is_met else "**no**"
+def number(value, digits=None):
+    if pandas.isna(value):
+        return ""
+    return f"{value:,.{(1 if value < 1000 else 0) if digits is None else digits}f}"
 
 
 def table(header, rows):
     """A table that reads well as it is and as Markdown."""
-    cells = [header] + rows
-    widths = [max(len(row[column]) for row in cells) for column in range(len(header))]
-
-    def line(row):
-        padded = [cell.ljust(w) if i == 0 else cell.rjust(w) for i, (cell, w) in enumerate(zip(row, widths))]
-        return "| " + " | ".join(padded) + " |"
-
-    rule = "|" + "|".join("-" * (w + 2) if i == 0 else "-" * (w + 1) + ":" for i, w in enumerate(widths)) + "|"
-    return "\n".join([line(header), rule] + [line(row) for row in rows]) + "\n"
+    align = ["left"] + ["right"] * (len(header) - 1)
+    return pandas.DataFrame(rows, columns=header).to_markdown(index=False, disable_numparse=True, colalign=align)
 
 
-def single_workloads(results):
-    return [w for w in WORKLOADS if results.time(w, LIBRARY)]
-
-
-def main_table(results):
+def target_table(ratios, counts, allocations, size):
     rows = []
-    for workload in single_workloads(results):
-        rival, floor = results.best_rival(workload), results.floor(workload)
-        time = results.time(workload, LIBRARY)
-        rows.append([
-            workload, nanoseconds(time), nanoseconds(results.time(workload, BASELINE)),
-            number(results.ratio(workload, LIBRARY, BASELINE)),
-            number(results.ratio(workload, LIBRARY, rival)) if rival else "", rival or "",
-            number(time / floor) if floor else "",
-            number(results.allocations[workload, LIBRARY], 1),
-            number(results.allocations.get((workload, BASELINE)), 1),
-        ])
-    return table(["workload", "ns", "baseline ns", "/ baseline", "/ best rival", "best rival", "/ floor", "allocations",
-                  "baseline's"], rows)
+
+    def add(what, bound, reached, digits):
+        if pandas.notna(reached):
+            is_met = round(reached, digits) <= bound
+            rows.append([what, f"at most {bound}" if bound else "none", number(reached, digits),
+                         "yes" if is_met else "**no**"])
+
+    for workload, bound in TARGETS.items():
+        add(f"{workload}: time / baseline", bound, ratios.get(workload), 2)
+    for operation in ("Set", "Get"):
+        add(f"{operation} with a literal key: instructions above a kept key", 90,
+            counts.get(f"{operation}Literal") - counts.get(f"{operation}Kept"), 0)
+    add("ReturnCode: instructions", 14, counts.get("ReturnCode"), 0)
+    add("Set, get, has with names and texts up to 25 bytes, literal or not: most allocations", 0,
+        allocations.reindex(WITHOUT_ALLOCATION).max(), 1)
+    add("Copy16: allocations", 5, allocations.get("Copy16"), 1)
+    add("A property with a name of its own: bytes of the heap", 158, size, 0)
+    return table(["what", "target", "reached", "met"], rows)
 
 
-def target_table(results):
+def beside_table(times, counts, allocations):
     rows = []
-    for workload, target in TARGETS.items():
-        ratio = results.ratio(workload, LIBRARY, BASELINE)
-        if ratio is not None:
-            rows.append([f"{workload}: time / baseline", f"at most {target}", number(ratio),
-                         verdict(round(ratio, 2) <= target)])
-    for workload in ("ReturnCode", "FrameIncrement"):
-        ratio = results.ratio(workload, LIBRARY, FLOOR)
-        if ratio is not None:
-            rows.append([f"{workload}: time / floor", "at the floor", number(ratio), verdict(ratio <= FLOOR_TOLERANCE)])
-    for workload, most in ALLOCATIONS.items():
-        count = results.allocations.get((workload, LIBRARY))
-        if count is not None:
-            rows.append([f"{workload}: heap allocations", f"at most {most}" if most else "none", number(count, 1),
-                         verdict(count <= most)])
-    return table(["what", "target", "reached", "met"], rows + scaling_rows(results))
+    for workload in (w for w in WORKLOADS if w in counts.index or w in times.index):
+        values = []
+        for frame, digits in ((times, None), (counts, 0), (allocations, 1)):
+            own, base = (frame[c].get(workload) if c in frame else None for c in (LIBRARY, BASELINE))
+            ratio = own / base if own and base else None
+            values += [number(own, digits), number(base, digits)] + [number(ratio, 2)] * (frame is not allocations)
+        rows.append([workload] + values)
+    return table(["workload", "ns", "baseline", "ratio", "instructions", "baseline", "ratio", "allocations",
+                  "baseline"], rows)
 
 
-def scaling_rows(results):
+def full_table(frame, digits=None):
+    rows = [[workload] + [number(value, digits) for value in values] for workload, values in frame.iterrows()]
+    return table([""] + list(frame.columns), rows)
+
+
+def thread_table(medians):
     rows = []
-    for workload in ("SetInt32", "GetInt32"):
-        small, large = results.time(workload, LIBRARY), results.time(workload + "in10000", LIBRARY)
-        if small and large:
-            rows.append([f"{workload}: time in 10,000 / in 16", f"at most {MOST_GROWTH}", number(large / small),
-                         verdict(large / small <= MOST_GROWTH)])
-    for workload in ("OwnSetsSharedKeys", "OwnSetsOwnKeys"):
-        gain = threading_gain(results, workload, LIBRARY)
-        if gain:
-            rows.append([f"{workload}: throughput of two threads / one", f"at least {LEAST_THREADING}", number(gain),
-                         verdict(round(gain, 2) >= LEAST_THREADING)])
-    longest, doubling = results.least("LongestAddition", LIBRARY), results.least("LongestAddition", FLOOR)
-    if longest and doubling:
-        rows.append(["longest of 1,000,000 additions / doubling an array of as many pointers", "at most 1",
-                     number(longest / doubling), verdict(round(longest / doubling, 2) <= 1)])
-    return rows
-
-
-def threading_gain(results, workload, contestant):
-    one, two = results.time(workload, contestant, 1), results.time(workload, contestant, 2)
-    return one / two if one and two else None
-
-
-def thread_table(results):
-    rows = []
-    for workload in ("OwnSetsSharedKeys", "OwnSetsOwnKeys", "OneSet"):
+    for workload in THREADED:
         for contestant in (LIBRARY, BASELINE):
-            if results.time(workload, contestant, 2):
-                times = [read(workload, contestant, threads) for read in (results.time, results.processor_time)
-                         for threads in (1, 2)]
-                rows.append([workload, contestant] + [nanoseconds(time) for time in times]
-                            + [number(threading_gain(results, workload, contestant))])
-    return table(["SetInt32 on threads", "contestant", "ns elapsed, 1 thread", "2 threads", "ns of processor, 1 thread",
-                  "2 threads", "throughput gain"], rows)
+            elapsed, processor = (medians[kind][workload, contestant] for kind in ("real_time", "cpu_time"))
+            rows.append([workload, contestant] + [number(time[threads]) for time in (elapsed, processor)
+                                                  for threads in (1, 2)] + [number(elapsed[1] / elapsed[2], 2)])
+    return table(["", "contestant", "elapsed, 1 thread", "2 threads", "processor, 1 thread", "2 threads",
+                  "throughput gain"], rows)
 
 
-def addition_table(results):
-    rows = [[contestant if contestant != FLOOR else "doubling an array of pointers",
-             number(results.least("LongestAddition", contestant) / 1e6)]
-            for contestant in (LIBRARY, BASELINE, FLOOR) if results.least("LongestAddition", contestant)]
-    return table(["longest addition while a set grows to 1,000,000", "ms"], rows)
-
-
-def full_table(results):
-    contestants = [c for c in results.contestants if c != FLOOR]
-    rows = [[workload] + [nanoseconds(results.time(workload, c)) for c in contestants]
-            for workload in single_workloads(results) if results.time(workload, BASELINE)]
-    return table(["ns"] + contestants, rows)
-
-
-def read_instructions(folder):
-    """Instructions per operation, by workload and contestant: the difference of two runs of different lengths."""
-    totals = collections.defaultdict(dict)
-    for path in pathlib.Path(folder).glob("callgrind.out.*"):
-        text = path.read_text(encoding="utf-8", errors="replace")
-        title = re.search(r"^desc: Trigger: Client Request: (.+)/(.+)/(\d+)$", text, re.MULTILINE)
-        total = re.search(r"^(?:totals|summary): (\d+)", text, re.MULTILINE)
-        if title and total:
-            totals[title[1], title[2]][int(title[3])] = int(total[1])
-    counts = {}
-    for key, runs in totals.items():
-        if len(runs) == 2:
-            (few, least), (many, most) = sorted(runs.items())
-            counts[key] = (most - least) / (many - few)
-    return counts
-
-
-def instruction_table(results, counts):
-    contestants = [c for c in results.contestants if any(key[1] == c for key in counts)]
-    rows = []
-    for workload in WORKLOADS:
-        if any(key[0] == workload for key in counts):
-            own, base = counts.get((workload, LIBRARY)), counts.get((workload, BASELINE))
-            rows.append([workload] + [number(counts.get((workload, c)), 0) for c in contestants]
-                        + [number(own / base if own and base else None)])
-    return table(["instructions per operation"] + contestants + [f"{LIBRARY} / {BASELINE}"], rows)
-
-
-def sections(results, counts):
-    """Title and text of each part of the report; those that a run left out are missing."""
-    parts = [("The library beside the baseline, the best rival and the floor", main_table(results)),
-             ("Targets", target_table(results)),
-             ("All contestants", full_table(results)),
-             ("Threads", thread_table(results))]
-    if results.least("LongestAddition", LIBRARY):
-        parts.append(("Growing", addition_table(results)))
-    if counts:
-        parts.append(("Instructions", instruction_table(results, counts)))
-    return parts
-
-
-def ratios(results):
-    """For the chart: workload -> contestant -> time over the baseline's."""
-    shown = [w for w in single_workloads(results) if results.time(w, BASELINE)]
-    return {w: {c: results.ratio(w, c, BASELINE) for c in results.contestants
-                if c not in (BASELINE, FLOOR) and results.time(w, c)} for w in shown}
-
-
-def write(folder, results, counts):
-    context = results.context
-    page = [INTRODUCTION.format(library=LIBRARY),
-            f"This run: {context['num_cpus']} processors, {results.repetitions()} repetitions.\n",
-            "![Time of each contestant divided by the baseline's](performance.svg)\n"]
-    for title, text in sections(results, counts):
-        page.append(f"## {title}\n\n{text}")
-    page.append(REPEAT)
-    folder.mkdir(exist_ok=True)
-    (folder / "performance.md").write_text("\n".join(page), encoding="utf-8")
-    (folder / "performance.svg").write_text(chart.draw(ratios(results), TARGETS, LIBRARY), encoding="utf-8")
+def page(context, medians, repetitions, counts, chart_path):
+    single = medians[~medians.index.get_level_values("workload").isin(THREADED)].droplevel("threads")
+    times, allocations = (in_order(single[kind].unstack()) for kind in ("cpu_time", "allocations"))
+    times = times.drop(INSTRUCTIONS_ALONE, errors="ignore")
+    ratios = times.div(times[BASELINE], axis=0)
+    memory = single.bytes.dropna()["Memory"]
+    if chart_path:
+        import chart # pylint: disable=import-outside-toplevel
+        chart.draw(ratios.drop(columns=BASELINE).dropna(subset=[LIBRARY]), TARGETS, LIBRARY, chart_path)
+    return PAGE.format(
+        library=LIBRARY, processors=context["num_cpus"], repetitions=repetitions,
+        targets=target_table(ratios[LIBRARY], counts[LIBRARY], allocations[LIBRARY], memory[LIBRARY]),
+        beside=beside_table(times, counts, allocations), all=full_table(times.dropna(subset=[BASELINE])),
+        threads=thread_table(medians),
+        memory=table(["contestant", "bytes"], [[c, number(memory[c], 0)] for c in CONTESTANTS if c in memory]))
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("results", type=pathlib.Path)
-    parser.add_argument("--instructions", type=pathlib.Path)
-    parser.add_argument("--write", type=pathlib.Path)
+    for option in ("times", "instructions", "chart"):
+        parser.add_argument(f"--{option}", type=pathlib.Path)
     arguments = parser.parse_args()
-    results = Results(arguments.results)
-    counts = read_instructions(arguments.instructions) if arguments.instructions else {}
-    for title, text in sections(results, counts):
-        print(f"{title}\n\n{text}")
-    if arguments.write:
-        write(arguments.write, results, counts)
+    counts = read_instructions(arguments.instructions)
+    if arguments.times:
+        print(page(*read_times(arguments.times), counts, arguments.chart), end="")
+    else:
+        print(full_table(counts, 0))
 
 
 if __name__ == "__main__":

@@ -1,8 +1,9 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELHashSalt_H
 #define KELHashSalt_H
 
 /// \file
-/// For the platform's own headers, not for callers: hashes that nobody can foresee.
+/// Hashes that nobody can foresee.
 
 #include "KELExport.h"
 #include "KELTypes.h"

@@ -1,8 +1,9 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELInline_H
 #define KELInline_H
 
 /// \file
-/// For the platform's own headers, not for callers: code that is put in line whatever the compiler thinks of its size,
+/// Code that is put in line whatever the compiler thinks of its size,
 /// because a call would cost a tenth of the operation that it serves.
 
 #if defined(__GNUC__)

@@ -10,8 +10,8 @@
 ///
 /// Copying, moving and assigning neither allocate nor fail. The first change of a shared list copies the elements, and
 /// so does copying a list after an element was handed out for writing. Whatever allocates throws `std::bad_alloc` and
-/// then leaves the list as it was. A growing list doubles its room. The memory belongs to the platform library, so that a
-/// list may outlive the module that made it.
+/// then leaves the list as it was. A growing list doubles its room. The memory belongs to the platform library, so that
+/// a list may outlive the module that made it.
 ///
 /// Thread-compatible; lists that share their elements may be used by different threads.
 class KEL_API KELRawCollfloat {

@@ -1,8 +1,9 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELReferenceCount_H
 #define KELReferenceCount_H
 
 /// \file
-/// For the platform's own headers, not for callers: the count of what is shared.
+/// The count of what is shared.
 
 #include "KELTypes.h"
 

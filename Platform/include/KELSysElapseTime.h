@@ -5,8 +5,8 @@
 
 #include <chrono>
 
-/// A clock that tells the time since it was made or last restarted. A copy goes on from the same start. Not changed by
-/// two threads at once.
+/// A clock that tells the time since it was made or last restarted. A copy goes on from the same start.
+/// Thread-compatible.
 class KEL_API KELSysElapseTime {
 public:
     KELSysElapseTime();

@@ -1,3 +1,4 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELSysSimpleHashTable_H
 #define KELSysSimpleHashTable_H
 
@@ -17,8 +18,8 @@
 ///
 /// A table that is given a salted hash function defends itself against elements that were made to have one hash: an
 /// insertion that meets a chain longer than honest hashes can make gives the table a random salt and links its elements
-/// anew, without allocating. From then on an element whose plain hash does not lead to it is looked for once more by its
-/// salted one.
+/// anew, without allocating. From then on an element whose plain hash does not lead to it is looked for once more by
+/// its salted one.
 ///
 /// Thread-compatible.
 class KELSysSimpleHashTable {
@@ -97,10 +98,7 @@ public:
     }
 
     /// Forgets every element and gives the memory back.
-    void RemoveAll()
-    {
-        KELSysSimpleHashTable(0, m_hash, m_equal, m_saltedHash).Swap(*this);
-    }
+    void RemoveAll() { KELSysSimpleHashTable(0, m_hash, m_equal, m_saltedHash).Swap(*this); }
 
 private:
     static constexpr int kNone = -1;

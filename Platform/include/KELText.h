@@ -1,8 +1,9 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELText_H
 #define KELText_H
 
 /// \file
-/// For the platform's own headers, not for callers: what is known of the bytes of a text, and the text that strings share.
+/// What is known of the bytes of a text, and the text that strings share.
 
 #include "KELReferenceCount.h"
 #include "KELTypes.h"

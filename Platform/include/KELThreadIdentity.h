@@ -1,3 +1,4 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELThreadIdentity_H
 #define KELThreadIdentity_H
 

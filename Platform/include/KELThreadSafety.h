@@ -1,3 +1,4 @@
+// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELThreadSafety_H
 #define KELThreadSafety_H
 

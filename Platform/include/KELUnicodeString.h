@@ -49,8 +49,8 @@ private:
     constexpr void Seal(std::size_t iLength, int iCharacters) noexcept
     {
         const Word hash = KELUtf8::Hash(iLength, [this](std::size_t iIndex) { return m_words[iIndex]; });
-        m_words[3] |= Word{iLength} << kLengthShift | static_cast<Word>(iCharacters) << kCharactersShift |
-                      hash << kHashShift;
+        m_words[3] |=
+            Word{iLength} << kLengthShift | static_cast<Word>(iCharacters) << kCharactersShift | hash << kHashShift;
     }
 
     Word m_words[4] = {};
@@ -59,10 +59,10 @@ private:
 /// A Unicode string: UTF-8 text with its hash and its number of characters.
 ///
 /// A text of up to 25 bytes lies inside the string; a longer one lies on the heap, where copies share and count it.
-/// Copying, moving and assigning never allocate and never fail. Construction from narrow text, `Append` and `Insert` may
-/// throw `std::bad_alloc`, also for more than 2^31 - 1 bytes, and leave the string as it was. `Append` writes in place
-/// when there is room and no other string shares the text. A string refers to nothing in another module, so that it may
-/// outlive the module that made it.
+/// Copying, moving and assigning never allocate and never fail. Construction from narrow text, `Append` and `Insert`
+/// may throw `std::bad_alloc`, also for more than 2^31 - 1 bytes, and leave the string as it was. `Append` writes in
+/// place when there is room and no other string shares the text. A string refers to nothing in another module, so that
+/// it may outlive the module that made it.
 ///
 /// A character is a code point; positions count characters from 0. Bytes that are not well-formed UTF-8 are kept and
 /// count one character each. A text may contain bytes 0. Comparison is exact: case matters, and nothing is normalised.
@@ -110,8 +110,8 @@ public:
         return *this;
     }
 
-    /// Adds iText at the end; returns this string. Copies the bytes of iText, and now and then, as a growing array does,
-    /// those of this string.
+    /// Adds iText at the end; returns this string. Copies the bytes of iText, and now and then, as a growing array
+    /// does, those of this string.
     KELUnicodeString& Append(const KELUnicodeString& iText);
 
     /// Adds two texts at the end, or neither when it throws; returns this string.

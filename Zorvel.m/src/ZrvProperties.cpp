@@ -97,8 +97,7 @@ KELUnicodeString ZrvProperties::GetPropertyType(const KELUnicodeString& iPropert
 ZrvRC ZrvProperties::AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                  ZrvConstPropertiesPrototype* iPropertyPrototype)
 {
-    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName) ||
-        !g_check.HasTypeName(iPropertyType)) {
+    if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName) || !g_check.HasTypeName(iPropertyType)) {
         return ZrvRC::zrvEC_Error;
     }
     return m_PropertiesData->AddProperty(iPropertyName, iPropertyType, iPropertyPrototype);

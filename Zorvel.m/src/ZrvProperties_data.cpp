@@ -174,8 +174,7 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
     ioGivenUp.MakeRoom(1);
     auto propertyPrototype = ZrvProperty::Prototype::Adopt(prototype->GetPropertyPrototype(iPropertyName));
     // What has been answered counts no more if the set follows another prototype by now.
-    const bool isAdded =
-        m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
+    const bool isAdded = m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
     ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(propertyPrototype.Detach()));
     return OkIf(isAdded);
 }
@@ -195,6 +194,7 @@ ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, 
     if (!g_check.HasName(iPropertyName) || !g_check.HasType(iValue)) {
         return ZrvRC::zrvEC_Error;
     }
+    const KELUnicodeString valueType = iValue.GetType();
     ZrvProperty* const property = Find_Int(iPropertyName);
     if (!property) {
         return ZrvRC::zrvEC_Error;
@@ -203,9 +203,8 @@ ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, 
     if (!valueClass) {
         return property->SetValue(iValue);
     }
-    const bool isOfType = iValue.GetType().GetLengthInChar() > 0 && valueClass->TypeName() == iValue.GetType();
-    if (!isOfType || !oGivenUp.MakeAnswer(*valueClass, iValue)) {
-        return ZrvProperty::RefuseValue();
+    if (valueType == valueClass->TypeName()) {
+        oGivenUp.MakeAnswer(*valueClass, iValue);
     }
     return SwapValue_Int(iPropertyName, oGivenUp);
 }

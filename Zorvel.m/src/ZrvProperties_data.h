@@ -23,8 +23,8 @@ class ZrvPrototypeImpl;
 /// lock held.
 ///
 /// What an operation asks of the host (prototypes, values, counts of objects, the handler of failed checks) may change
-/// this set meanwhile. So an operation asks first and looks up afterwards: no pointer into the map is used behind a call
-/// to the host. What leaves the set goes after the lock, in a `ZrvGivenUp` or a `ZrvPropertiesContents`.
+/// this set meanwhile. So an operation asks first and looks up afterwards: no pointer into the map is used behind a
+/// call to the host. What leaves the set goes after the lock, in a `ZrvGivenUp` or a `ZrvPropertiesContents`.
 class ZrvPropertiesData {
 public:
     /// An empty set; takes a reference on the prototype, which may be null.
@@ -69,19 +69,19 @@ private:
     ZrvRC SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue,
                           ZrvValueHolder& oGivenUp) KEL_REQUIRES(m_mutex);
 
-    /// Exchanges a property's value with one of the same class; an error, after a report, for any other class, and for a
-    /// name that is not held.
+    /// Exchanges a property's value with one of the same class; an error for a name that is not held and, after a
+    /// report, for any other class.
     ZrvRC SwapValue_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue) KEL_REQUIRES(m_mutex);
 
     ZrvRC SetFromProperties_Int(const ZrvPropertiesData& iSource, ZrvGivenUp& ioGivenUp)
         KEL_REQUIRES(m_mutex, iSource.m_mutex);
     ZrvRC CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
     ZrvRC CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
-    ZrvRC PutCopy_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue, ZrvGivenUp& ioGivenUp)
+    ZrvRC AddForCopy_Int(const KELUnicodeString& iPropertyName, const ZrvValueHolder& iValue, ZrvGivenUp& ioGivenUp)
         KEL_REQUIRES(m_mutex);
 
-    /// Copies of all properties: of all at once, or one by one. An assigned one has the nested prototype that is declared,
-    /// and no parameters. The last adds, to a copy of the entry at a position, what is counted.
+    /// Copies of all properties: of all at once, or one by one. An assigned one has the nested prototype that is
+    /// declared, and no parameters. The last adds, to a copy of the entry at a position, what is counted.
     /// @{
     void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);

@@ -113,7 +113,8 @@ void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iC
     // Looked up anew each time: counting may call the host.
     const auto findSource = [&]() -> const ZrvProperty* {
         const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
-        const bool isSame = entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
+        const bool isSame =
+            entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
         return isSame ? entry->value : nullptr;
     };
     const ZrvProperty* source = m_propertyMap.At(iIndex)->value;
@@ -213,28 +214,30 @@ ZrvRC ZrvPropertiesData::CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGiv
 
 ZrvRC ZrvPropertiesData::CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp)
 {
-    ioGivenUp.MakeRoom(1);
     const KELUnicodeString name = iSource.key;
     ZrvValueHolder value;
     value.MakeCopy(iSource.value->Value());
-    ZrvRC rc = PutCopy_Int(name, value, ioGivenUp);
+    ZrvRC rc = AddForCopy_Int(name, value, ioGivenUp);
+    ioGivenUp.MakeRoom(1);
+    if (!rc.IsError()) {
+        const bool isSet = !SwapValue_Int(name, value).IsError();
+        if (!g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )")) {
+            rc = ZrvRC::zrvEC_Error;
+        }
+    }
     ioGivenUp.Keep(value.TakeObject());
     return rc;
 }
 
-// Exchanges a copied value for the one under a name, which is added if it is missing.
-ZrvRC ZrvPropertiesData::PutCopy_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue,
-                                     ZrvGivenUp& ioGivenUp)
+// Adds a name that is missing, for a value to be copied.
+ZrvRC ZrvPropertiesData::AddForCopy_Int(const KELUnicodeString& iPropertyName, const ZrvValueHolder& iValue,
+                                        ZrvGivenUp& ioGivenUp)
 {
-    if (!m_propertyMap.Contains(iPropertyName)) {
-        ZrvProperty::Prototype none;
-        ZrvRC rc = m_pPrototype ? AddProperty_Int(iPropertyName, ioGivenUp)
-                                : AddProperty_Int(iPropertyName, ioValue->GetType(), none, ioGivenUp);
-        if (!g_check.Holds(!rc.IsError(), "!(rc.IsError())")) {
-            return Failure(rc.Dump());
-        }
+    if (m_propertyMap.Contains(iPropertyName)) {
+        return ZrvRC::zrvEC_OK;
     }
-    const bool isSet = !SwapValue_Int(iPropertyName, ioValue).IsError();
-    return g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )") ? ZrvRC::zrvEC_OK
-                                                                                                   : ZrvRC::zrvEC_Error;
+    ZrvProperty::Prototype none;
+    ZrvRC rc = m_pPrototype ? AddProperty_Int(iPropertyName, ioGivenUp)
+                            : AddProperty_Int(iPropertyName, iValue->GetType(), none, ioGivenUp);
+    return g_check.Holds(!rc.IsError(), "!(rc.IsError())") ? ZrvRC::zrvEC_OK : Failure(rc.Dump());
 }

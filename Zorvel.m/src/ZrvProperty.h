@@ -50,7 +50,10 @@ public:
 
     /// Whether a value is of exactly the same class as this one's. False says nothing.
     /// @{
-    bool HasClassOf(const ZrvPropertyValueBase& iValue) const { return ValueClass() && ValueClass()->IsClassOf(iValue); }
+    bool HasClassOf(const ZrvPropertyValueBase& iValue) const
+    {
+        return ValueClass() && ValueClass()->IsClassOf(iValue);
+    }
     bool HasSameClass(const ZrvProperty& iOther) const { return ValueClass() && ValueClass() == iOther.ValueClass(); }
     /// @}
 
@@ -88,7 +91,10 @@ public:
     /// Give a new property its nested prototype and its parameters. Call no host.
     /// @{
     void SetPrototype(Prototype ioPrototype) noexcept { m_pPropertyPrototype = std::move(ioPrototype); }
-    void SetParameters(std::unique_ptr<ZrvProperties> ioParameters) noexcept { m_pParameters = std::move(ioParameters); }
+    void SetParameters(std::unique_ptr<ZrvProperties> ioParameters) noexcept
+    {
+        m_pParameters = std::move(ioParameters);
+    }
     /// @}
 
     /// Stores a copy of the nested set, which the caller deletes, or null when there is none. *opProperties must be

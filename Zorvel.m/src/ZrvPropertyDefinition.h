@@ -11,8 +11,8 @@
 
 /// What a prototype knows of one property: its value type's name and its nested prototype, if it has one.
 ///
-/// Each of the two is set once, by the constructor or a setter; a setter refuses to replace what is set. Not changed by
-/// one thread while another uses it.
+/// Each of the two is set once, by the constructor or a setter; a setter refuses to replace what is set.
+/// Thread-compatible.
 class ZrvPropertyDefinition {
 public:
     /// Keeps a copy of the type name and a reference of its own on the prototype, which may be null.

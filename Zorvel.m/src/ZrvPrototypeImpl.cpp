@@ -47,10 +47,7 @@ bool IsLastReference(ZrvPrototypeImpl& iPrototype)
 
 } // namespace
 
-ZrvPrototypeImpl::ZrvPrototypeImpl()
-    : m_properties(std::make_unique<DefinitionMap>())
-{
-}
+ZrvPrototypeImpl::ZrvPrototypeImpl() : m_properties(std::make_unique<DefinitionMap>()) {}
 
 ZrvPrototypeImpl::~ZrvPrototypeImpl()
 {

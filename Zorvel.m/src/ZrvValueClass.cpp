@@ -83,8 +83,14 @@ void Swap(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther)
 
 const ZrvValueClass g_classes[] = {
 #define ZRV_VALUE_CLASS(id, name, type)                                                                                \
-    {&typeid(ZrvPropertyValue<type>), zrvPT_##id,    &MakeDefault<type>, &MakeCopy<type>,                              \
-     &MakeAnswer<type>,               &Assign<type>, &Swap<type>,        g_isObject<type>},
+    {&typeid(ZrvPropertyValue<type>),                                                                                  \
+     zrvPT_##id,                                                                                                       \
+     &MakeDefault<type>,                                                                                               \
+     &MakeCopy<type>,                                                                                                  \
+     &MakeAnswer<type>,                                                                                                \
+     &Assign<type>,                                                                                                    \
+     &Swap<type>,                                                                                                      \
+     g_isObject<type>},
     ZRV_PROPERTY_TYPES(ZRV_VALUE_CLASS)
 #undef ZRV_VALUE_CLASS
 };
@@ -106,13 +112,11 @@ void ZrvValueHolder::MakeCopy(const ZrvValueHolder& iOther)
     }
 }
 
-bool ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue)
+void ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue)
 {
-    ZrvPropertyValueBase* const answer = iClass.makeAnswer(m_room, iValue);
-    if (answer) {
+    if (ZrvPropertyValueBase* const answer = iClass.makeAnswer(m_room, iValue)) {
         Place(iClass, answer);
     }
-    return answer != nullptr;
 }
 
 void ZrvValueHolder::Destroy(ZrvPropertyValueBase* iValue) const noexcept

@@ -58,7 +58,7 @@ public:
     }
 
     /// Give an empty holder its value: the default of a class, a copy of a value of exactly that class, a copy of
-    /// another holder's, what a value answers (false when it is not of the class), or one on the heap, which the holder
+    /// another holder's, what a value answers (none when it is not of the class), or one on the heap, which the holder
     /// takes over.
     /// @{
     void MakeDefault(const ZrvValueClass& iClass) { Place(iClass, iClass.makeDefault(m_room)); }
@@ -75,7 +75,7 @@ public:
             MakeCopy(iOther);
         }
     }
-    bool MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue);
+    void MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue);
     void Take(ZrvPropertyValueBase* iValue) noexcept { m_value = iValue; }
     /// @}
 

@@ -1,5 +1,6 @@
 #include "Y4mPrototype.h"
 
+#include <cassert>
 #include <initializer_list>
 
 namespace {
@@ -10,12 +11,13 @@ struct Declaration {
     ZrvConstPropertiesPrototype* nested = nullptr;
 };
 
-// Declaring names that differ, each with a known type, can not be refused.
+// Declaring names that differ, each with a known type, cannot be refused.
 KELReference<ZrvPrototypeImpl> Declare(std::initializer_list<Declaration> iDeclarations)
 {
     auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
     for (const Declaration& declaration : iDeclarations) {
-        static_cast<void>(prototype->AddProperty(declaration.name, declaration.type, declaration.nested));
+        [[maybe_unused]] ZrvRC rc = prototype->AddProperty(declaration.name, declaration.type, declaration.nested);
+        assert(rc.IsValid());
     }
     return prototype;
 }

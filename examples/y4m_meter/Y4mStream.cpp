@@ -30,7 +30,8 @@ LineEnd ReadLine(std::istream& ioInput, std::string& ioLine)
 
 ZrvRC Cut(const std::istream& iInput, const char* iWhat, const std::string& iWhere)
 {
-    return Y4mFailure((iInput.bad() ? "the input cannot be read " : iWhat + std::string(" is cut short ")) + iWhere);
+    const std::string what = iInput.bad() ? "the input cannot be read " : std::string(iWhat).append(" is cut short ");
+    return Y4mFailure(what + iWhere);
 }
 
 ZrvRC CheckLineEnd(const std::istream& iInput, LineEnd iEnd)

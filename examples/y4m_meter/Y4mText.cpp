@@ -79,12 +79,13 @@ std::string Y4mPrintable(std::string_view iText, bool iKeepsLines)
 std::string Y4mQuote(std::string_view iText)
 {
     constexpr std::size_t kLongest = 60;
-    if (iText.size() <= kLongest) {
-        return "'" + Y4mPrintable(iText) + "'";
+    std::size_t length = iText.size();
+    if (length > kLongest) {
+        length = kLongest;
+        while (length > 0 && IsContinuation(iText[length])) {
+            --length;
+        }
     }
-    std::size_t length = kLongest;
-    while (length > 0 && IsContinuation(iText[length])) {
-        --length;
-    }
-    return "'" + Y4mPrintable(iText.substr(0, length)) + "...'";
+    const char* const end = length < iText.size() ? "...'" : "'";
+    return std::string("'").append(Y4mPrintable(iText.substr(0, length))).append(end);
 }

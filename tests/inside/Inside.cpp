@@ -7,10 +7,10 @@ void Stop() {}
 int main()
 {
     const auto inner = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
-    inner->AddProperty("depth", zrvPT_INT32, nullptr);
+    ZrvRC rc = inner->AddProperty("depth", zrvPT_INT32, nullptr);
     const auto outer = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
-    outer->AddProperty("stream", zrvPT_BaseUnknownPtr, inner.Get());
-    outer->AddProperty("width", zrvPT_UINT32, nullptr);
+    rc.Add(outer->AddProperty("stream", zrvPT_BaseUnknownPtr, inner.Get()));
+    rc.Add(outer->AddProperty("width", zrvPT_UINT32, nullptr));
     ZrvConstPropertiesPrototype* prototype = outer.Get();
     KELUnicodeString shortText("\"short\" \xE9\x9B\xBB\n");
     KELUnicodeString longText("a text that is too long to lie inside");
@@ -18,7 +18,7 @@ int main()
     floats.Size(3, 0.5F);
     unsigned char byte = 0;
     ZrvProperties set, empty;
-    ZrvRC rc = ZrvPublishProperty(set, "width", KELUINT32(1920));
+    rc.Add(ZrvPublishProperty(set, "width", KELUINT32(1920)));
     rc.Add(ZrvPublishProperty(set, "title", longText)).Add(ZrvPublishProperty(set, "means", floats));
     rc.Add(ZrvPublishProperty(set, "on", KELBoolean(1))).Add(ZrvPublishProperty(set, "rate", 0.25));
     rc.Add(ZrvPublishProperty(set, "gain", 0.5F)).Add(ZrvPublishProperty(set, "count", -1));

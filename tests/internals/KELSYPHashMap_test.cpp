@@ -40,7 +40,8 @@ TEST_F(KELSYPHashMapTest, AgreesWithAStandardMap)
         met[item->pKey->ConvertToChar()] = *item->pValue;
     }
     EXPECT_EQ(met, model);
-    const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> none(IntMap().CreateIterator());
+    IntMap empty;
+    const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> none(empty.CreateIterator());
     EXPECT_TRUE(none->IsDone() && !none->CurrentItem());
     EXPECT_EQ(Answer(IntMap::HashElement(nullptr)), "0 [pointer i_elem in KELSYPHashMap]");
     EXPECT_EQ(Answer(IntMap::CompareElements(nullptr, &met)), "0 [pointer i_elem1 in KELSYPHashMap]");

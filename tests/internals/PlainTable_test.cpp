@@ -13,11 +13,11 @@ TEST(PlainTable, ServesMapsAndSets)
     EXPECT_TRUE(map.Remove("key") == 1 && map.Remove("key") == 0 && map.Size() == 0);
 
     ZrvPrototypeImpl prototype;
-    static_cast<void>(prototype.AddProperty("a", zrvPT_INT32, nullptr));
+    prototype.AddProperty("a", zrvPT_INT32, nullptr);
     ZrvProperties bound(&prototype);
     EXPECT_TRUE(bound.AddProperty("a").IsValid() && bound.SetProperty("a", ZrvPropertyValue<KELINT32>(7)).IsValid());
     ZrvProperties set;
-    static_cast<void>(set.AddProperty("b", "float", nullptr));
+    set.AddProperty("b", "float", nullptr);
     EXPECT_TRUE(set.SetFromProperties(bound).IsValid());
     const ZrvProperties copy(set);
     set = bound;

@@ -120,8 +120,7 @@ protected:
             read.held[names[count]] = ReadValue(*iSet.GetProperty(names[count]));
         }
         ZrvConstPropertiesPrototype* prototype = nullptr;
-        static_cast<void>(iSet.GetPrototype(prototype));
-        if (prototype) {
+        if (iSet.GetPrototype(prototype).IsValid() && prototype) {
             prototype->Release();
             read.prototype = &m_known.at(prototype);
         }

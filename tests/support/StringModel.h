@@ -69,19 +69,25 @@ inline const char* DifferenceFromModel(const std::string& iFirst, const std::str
     KELUnicodeString appended(text); // shares the text, and has one of its own from then on
     appended.Append(other);
     const KELUnicodeString shared(appended);
-    appended.Append(other).Append(appended);
+    appended.Append(other);
+    const std::string twice = iFirst + iSecond + iSecond;
+    const bool isTwice = IsSame(appended, twice); // asks for the hash of a text that grows on
+    appended.Append(other);                       // in place, if there is room
+    const bool isGrown = IsSame(appended, twice + iSecond);
+    appended.Append(appended);
     KELUnicodeString inserted(text);
     inserted.Insert(iPosition, other);
-    const std::string twice = iFirst + iSecond + iSecond;
     const int order = iFirst == iSecond ? 2 : iFirst < iSecond ? 0 : 1;
-    return !IsSame(text, iFirst) || !IsSame(other, iSecond)                        ? "the text"
-           : text.Compare(other) != order                                          ? "Compare"
-           : (text == other) != (order == 2) || (text != other) != (order != 2)    ? "operator=="
-           : text.SearchSubString(other, iPosition, 1) != position                 ? "SearchSubString"
-           : text.SearchSubString(other, 0, 2) != -1                               ? "mode of search"
-           : !IsSame(shared, iFirst + iSecond) || !IsSame(appended, twice + twice) ? "Append"
-           : !IsSame(inserted, std::string(iFirst).insert(*start, iSecond))        ? "Insert"
-                                                                                   : "";
+    return !IsSame(text, iFirst) || !IsSame(other, iSecond)                     ? "the text"
+           : text.Compare(other) != order                                       ? "Compare"
+           : (text == other) != (order == 2) || (text != other) != (order != 2) ? "operator=="
+           : text.SearchSubString(other, iPosition, 1) != position              ? "SearchSubString"
+           : text.SearchSubString(other, 0, 2) != -1                            ? "mode of search"
+           : !isTwice || !isGrown || !IsSame(shared, iFirst + iSecond) ||
+                   !IsSame(appended, twice + iSecond + twice + iSecond)
+               ? "Append"
+           : !IsSame(inserted, std::string(iFirst).insert(*start, iSecond)) ? "Insert"
+                                                                            : "";
 }
 
 #endif

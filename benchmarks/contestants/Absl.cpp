@@ -1,11 +1,13 @@
-#ifndef AbslSet_H
-#define AbslSet_H
-
+#include "Contestants.h"
 #include "HandWrittenSet.h"
+#include "LargeSets.h"
+#include "SmallSets.h"
 
 #include <absl/container/flat_hash_map.h>
 #include <absl/hash/hash.h>
 #include <absl/strings/string_view.h>
+
+namespace {
 
 /// Abseil's own hash, for texts in the standard's view: packages of Abseil may be built with a view of their own.
 struct AbslHash {
@@ -22,6 +24,14 @@ struct AbslMap {
     using Map = absl::flat_hash_map<std::string, T, AbslHash, std::equal_to<>>;
 };
 
-extern template class HandWrittenSet<AbslMap>;
+struct AbslContestant : HandWrittenContestant<AbslMap> {
+    static constexpr char kName[] = "absl::flat_hash_map";
+};
 
-#endif
+} // namespace
+
+void AddAbsl()
+{
+    AddSmallSets<AbslContestant>();
+    AddLargeSets<AbslContestant>();
+}

@@ -44,7 +44,12 @@ std::vector<Declaration> ManyDeclarations(std::size_t iCount)
     return declarations;
 }
 
-std::string LongText()
+std::string MakeText(std::size_t iLength, char iFirst)
 {
-    return "YCbCr 4:2:0, chroma siting as in MPEG-2.";
+    static const std::string filler = "YCbCr 4:2:0, chroma siting as in MPEG-2. ";
+    std::string text(1, iFirst);
+    while (text.size() < iLength) {
+        text += filler.substr(0, iLength - text.size());
+    }
+    return text;
 }

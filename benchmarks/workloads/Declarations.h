@@ -20,7 +20,7 @@ const std::vector<Declaration>& MediaDeclarations();
 /// The same number of whole-number properties in every run, with names of 5 to 30 characters in no order.
 std::vector<Declaration> ManyDeclarations(std::size_t iCount);
 
-/// A value of 40 characters.
-std::string LongText();
+/// A text of that many bytes that begins with iFirst.
+std::string MakeText(std::size_t iLength, char iFirst = 'Y');
 
 #endif

@@ -1,5 +1,0 @@
-#include "AbslSet.h"
-
-#include "HandWrittenSetImpl.h"
-
-template class HandWrittenSet<AbslMap>;
