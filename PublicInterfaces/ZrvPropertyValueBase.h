@@ -40,7 +40,7 @@ public:
 
 ZrvPropertyValueBase::ZrvPropertyValueBase() noexcept = default;
 ZrvPropertyValueBase::ZrvPropertyValueBase(const ZrvPropertyValueBase& iOther) noexcept = default;
-ZrvPropertyValueBase& ZrvPropertyValueBase::operator=(const ZrvPropertyValueBase& iOther) noexcept = default;
+ZrvPropertyValueBase& ZrvPropertyValueBase::operator=(const ZrvPropertyValueBase&) noexcept = default;
 ZrvPropertyValueBase::~ZrvPropertyValueBase() = default;
 
 /// The type name of string values. Thread-safe.

@@ -6,6 +6,7 @@
 #include "KELText.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 /// The 32 bytes of a string that holds a text of up to 25 bytes, made at compile time from a literal.
@@ -219,9 +220,7 @@ private:
 
     KELText& Text() const noexcept
     {
-        KELText* text = nullptr;
-        std::memcpy(&text, m_form.m_words, sizeof(text));
-        return *text;
+        return *reinterpret_cast<KELText*>(static_cast<std::uintptr_t>(m_form.m_words[0]));
     }
 
     bool IsIdentical(const KELUnicodeString& iOther) const noexcept

@@ -155,7 +155,7 @@ void KELUnicodeString::SetText(KELText* iText) noexcept
 {
     RemoveHolder();
     m_form = KELShortText();
-    std::memcpy(m_form.m_words, &iText, sizeof(iText));
+    m_form.m_words[0] = reinterpret_cast<std::uintptr_t>(iText);
     m_form.m_words[3] = kLong;
 }
 

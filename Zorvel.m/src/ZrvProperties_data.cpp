@@ -97,7 +97,7 @@ bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, c
         *held = property.get();
     }
     if (added >= 0) {
-        property->SetPrototype(std::move(ioPropertyPrototype));
+        property->SetPrototype(ZrvProperty::Prototype::Adopt(ioPropertyPrototype.Detach()));
         static_cast<void>(property.release());
     }
     return true;

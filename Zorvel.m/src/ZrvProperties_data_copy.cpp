@@ -108,20 +108,20 @@ void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iI
     }
 }
 
+const ZrvProperty* ZrvPropertiesData::FindSource_Int(int iIndex, const PropertyMap::Entry& iCopy) const
+{
+    const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
+    const bool isSame = entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
+    return isSame ? entry->value : nullptr;
+}
+
 void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iCopy, bool iIsAssigned) const
 {
-    // Looked up anew each time: counting may call the host.
-    const auto findSource = [&]() -> const ZrvProperty* {
-        const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
-        const bool isSame =
-            entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
-        return isSame ? entry->value : nullptr;
-    };
-    const ZrvProperty* source = m_propertyMap.At(iIndex)->value;
-    if (source->HasObject()) {
+    const ZrvProperty* source = FindSource_Int(iIndex, iCopy);
+    if (source && source->HasObject()) {
         KELReference<KELSysTSBaseUnknown> object = source->GetObject();
         iCopy.value->SwapObject(object);
-        source = findSource();
+        source = FindSource_Int(iIndex, iCopy);
     }
     if (iIsAssigned) {
         const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
@@ -133,7 +133,7 @@ void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iC
     }
     if (source && source->PeekPrototype()) {
         iCopy.value->SetPrototype(ZrvProperty::Prototype(source->PeekPrototype()));
-        source = findSource();
+        source = FindSource_Int(iIndex, iCopy);
     }
     if (source) {
         iCopy.value->SetParameters(source->CopyParameters());

@@ -84,12 +84,12 @@ void Swap(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther)
 const ZrvValueClass g_classes[] = {
 #define ZRV_VALUE_CLASS(id, name, type)                                                                                \
     {&typeid(ZrvPropertyValue<type>),                                                                                  \
-     zrvPT_##id,                                                                                                       \
      &MakeDefault<type>,                                                                                               \
      &MakeCopy<type>,                                                                                                  \
      &MakeAnswer<type>,                                                                                                \
      &Assign<type>,                                                                                                    \
      &Swap<type>,                                                                                                      \
+     zrvPT_##id,                                                                                                       \
      g_isObject<type>},
     ZRV_PROPERTY_TYPES(ZRV_VALUE_CLASS)
 #undef ZRV_VALUE_CLASS

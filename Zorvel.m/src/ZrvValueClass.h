@@ -19,7 +19,6 @@
 /// those that make one do so in a room of the caller's.
 struct ZrvValueClass {
     const std::type_info* typeInfo;
-    ZrvPropertyType type;
 
     ZrvPropertyValueBase* (*makeDefault)(void* iRoom);
     ZrvPropertyValueBase* (*makeCopy)(void* iRoom, const ZrvPropertyValueBase& iValue);
@@ -28,6 +27,8 @@ struct ZrvValueClass {
     ZrvPropertyValueBase* (*makeAnswer)(void* iRoom, const ZrvPropertyValueBase& iValue);
     void (*assign)(ZrvPropertyValueBase& ioValue, const ZrvPropertyValueBase& iOther);
     void (*swap)(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther);
+
+    ZrvPropertyType type;
 
     /// Whether values refer to objects, so that copying one counts and may call the host. It is then `ObjectValue`.
     bool hasObjects;
