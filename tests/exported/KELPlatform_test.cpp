@@ -46,7 +46,8 @@ KELRawCollfloat Listed(std::initializer_list<float> iElements)
 
 TEST(KELRawCollfloat, ComparesByElements)
 {
-    const KELRawCollfloat ascending[] = {{}, Listed({-1.0F}), Listed({0.0F}), Listed({0.0F, 1.0F}), Listed({1.0F})};
+    const KELRawCollfloat ascending[] = {KELRawCollfloat(), Listed({-1.0F}), Listed({0.0F}), Listed({0.0F, 1.0F}),
+                                         Listed({1.0F})};
     for (const KELRawCollfloat& left : ascending) {
         for (const KELRawCollfloat& right : ascending) {
             EXPECT_EQ(KELRawCollfloat::Compare(left, right), &left < &right ? -1 : &left == &right ? 0 : 1);
