@@ -91,10 +91,16 @@ public:
     /// Copies a constant.
     constexpr explicit KELUnicodeString(const KELShortText& iText) noexcept : m_form(iText) {}
 
+    /// A copy shares a long text; what is moved from is empty, or is exchanged.
+    /// @{
     KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_form(iOther.m_form) { AddHolder(); }
     KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_form(ioOther.m_form) { ioOther.m_form = KELShortText(); }
+    /// @}
+
     ~KELUnicodeString() { RemoveHolder(); }
 
+    /// Shares a long text of the other, or exchanges texts with it.
+    /// @{
     KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept
     {
         iOther.AddHolder();
@@ -110,6 +116,7 @@ public:
         ioOther.m_form = form;
         return *this;
     }
+    /// @}
 
     /// Adds iText at the end; returns this string. Copies the bytes of iText, and now and then, as a growing array
     /// does, those of this string.
@@ -161,6 +168,8 @@ public:
     /// A hash that nobody can foresee who does not know the salt. Linear.
     unsigned int ComputeHashKey(const KELHashSalt& iSalt) const noexcept;
 
+    /// Whether both texts are identical.
+    /// @{
     friend bool operator==(const KELUnicodeString& iLeft, const KELUnicodeString& iRight) noexcept
     {
         return iLeft.IsIdentical(iRight);
@@ -170,6 +179,7 @@ public:
     {
         return !iLeft.IsIdentical(iRight);
     }
+    /// @}
 
     /// Compares with a constant, without making a string of it.
     friend bool operator==(const KELUnicodeString& iLeft, const KELShortText& iRight) noexcept

@@ -51,9 +51,9 @@ public:
     ZrvConstPropertiesPrototype* GetPrototype() const;
     ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
 
-    /// Does what `SetProperty` does, if the set holds the name with a value of exactly that class; else nothing, and
-    /// gives false. The short cut of nearly all calls: such a value passes every check on the long way.
-    bool AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
+    /// Does what `SetProperty` does, if the set holds the name with a value of exactly that class; else
+    /// `zrvEC_NothingDone`. The short cut of nearly all calls: such a value passes every check on the long way.
+    ZrvRC::ErrorCode AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
     ZrvRC SetFromProperties(const ZrvPropertiesData& iSource);
 
 private:

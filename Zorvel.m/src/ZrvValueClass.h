@@ -53,8 +53,9 @@ public:
     /// Destroys the value.
     void Reset() noexcept
     {
+        const ZrvValueClass* const valueClass = std::exchange(m_class, nullptr);
         if (ZrvPropertyValueBase* const value = std::exchange(m_value, nullptr)) {
-            Destroy(value);
+            Destroy(valueClass, value);
         }
     }
 
@@ -113,7 +114,7 @@ private:
         m_class = &iClass;
     }
 
-    void Destroy(ZrvPropertyValueBase* iValue) const noexcept;
+    static void Destroy(const ZrvValueClass* iClass, ZrvPropertyValueBase* iValue) noexcept;
 
     ZrvPropertyValueBase* m_value = nullptr;
     const ZrvValueClass* m_class = nullptr;

@@ -1,14 +1,11 @@
 #include "Y4mMeter.h"
 #include "Y4mReader.h"
-#include "Y4mText.h"
 #include "ZrvPropertyAccess.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <sstream>
-#include <stdexcept>
-#include <tuple>
 #include <utility>
 
 namespace {
@@ -30,47 +27,6 @@ struct Chain {
         return rc == ZrvRC::zrvEC_OK ? meter.TakeFrame(reader.GetProperties()) : rc;
     }
 };
-
-// A frame whose planes, of that many samples, are flat: the last one has the greatest sample.
-std::string MakeFrame(const std::vector<std::size_t>& iPlanes, unsigned iGreatest, bool iIsWide)
-{
-    std::string frame = "FRAME Ippp Xnote\n";
-    for (std::size_t plane = 0; plane < iPlanes.size(); ++plane) {
-        const unsigned sample = iGreatest + 1 - unsigned(iPlanes.size() - plane);
-        for (std::size_t i = 0; i < iPlanes[plane]; ++i) {
-            frame.append({char(sample), char(sample >> 8U)}, 0, iIsWide ? 2 : 1);
-        }
-    }
-    return frame;
-}
-
-TEST(Y4mMeter, MeasuresEveryPlaneOfOddSizes)
-{
-    const std::tuple<const char*, KELUINT32, std::vector<std::size_t>> colourSpaces[] = {
-        {"Q", 8, {15, 6, 6}},      {"C420paldv", 8, {15, 6, 6}},       {"C411", 8, {15, 6, 6}}, // of 5 x 3 pixels
-        {"C422", 8, {15, 9, 9}},   {"C444alpha", 8, {15, 15, 15, 15}}, {"Cmono", 8, {15}},
-        {"C420p9", 9, {15, 6, 6}}, {"C422p10", 10, {15, 9, 9}},        {"C444p16", 16, {15, 15, 15}},
-        {"Cmono12", 12, {15}}};
-    for (const auto& [colourSpace, depth, planes] : colourSpaces) {
-        SCOPED_TRACE(colourSpace);
-        const unsigned greatest = (1U << depth) - 1;
-        std::istringstream input(std::string("YUV4MPEG2 W5 H3 ") + colourSpace + "\n" +
-                                 MakeFrame(planes, greatest - 40, depth > 8) + MakeFrame(planes, greatest, depth > 8));
-        Chain chain;
-        ASSERT_TRUE(chain.Open(input).IsValid());
-        for (float expected : {float(greatest) - 40, float(greatest)}) {
-            ASSERT_TRUE(chain.Step() == ZrvRC::zrvEC_OK);
-            const auto means = ZrvReadProperty<KELRawCollfloat>(chain.meter.GetProperties(), kY4mPlaneMeans);
-            ASSERT_EQ(means.Size(), int(planes.size()));
-            for (int plane = means.Size(); plane > 0; --plane) {
-                EXPECT_EQ(means[plane], expected--);
-            }
-        }
-        EXPECT_TRUE(chain.Step() == ZrvRC::zrvEC_NothingDone);
-        EXPECT_EQ(ZrvReadProperty<KELINT32>(chain.meter.GetProperties(), kY4mFrameCount), 2);
-        EXPECT_EQ(ZrvReadProperty<KELUINT32>(chain.meter.GetStreamProperties(), kY4mBitDepth), depth);
-    }
-}
 
 // What becomes of a stream: the frames that are good, and the sentence that says why there are no more.
 std::string ReadAll(std::streambuf& ioBytes)
@@ -141,26 +97,6 @@ TEST(Y4mStream, SaysInOneSentenceWhatIsBroken)
     }
 }
 
-// Input that gives its text and breaks then, as a disk does.
-struct BrokenBuffer : std::stringbuf {
-    using std::stringbuf::stringbuf;
-
-    int_type underflow() override
-    {
-        const int_type next = std::stringbuf::underflow();
-        return next == traits_type::eof() ? throw std::runtime_error("broken") : next;
-    }
-};
-
-TEST(Y4mStream, TellsBrokenInputFromShortInput)
-{
-    const std::string header = "YUV4MPEG2 W2 H2 Cmono\n";
-    for (const std::string& text : {std::string(), header, header + "FRAME\nabcd", header + "FRAME\na"}) {
-        BrokenBuffer bytes(text);
-        EXPECT_EQ(ReadAll(bytes).find("the input cannot be read"), 3U) << text;
-    }
-}
-
 TEST(Y4mMeter, KeepsTheStreamAliveForItsBytes)
 {
     std::istringstream input("YUV4MPEG2 W2 H2 Cmono\nFRAME\nabcd");
@@ -171,22 +107,6 @@ TEST(Y4mMeter, KeepsTheStreamAliveForItsBytes)
     const ZrvProperties kept(chain->meter.GetProperties());
     chain.reset();
     EXPECT_EQ(ZrvReadProperty<unsigned char*>(kept, kY4mFrameBytes)[3], 'd');
-}
-
-TEST(Y4mText, LetsOnlyWellFormedPrintableCharactersThrough)
-{
-    const Case texts[] = {
-        {"a~ \xC3\x9C \xE9\x9B\xBB \xF0\x9F\x98\x80", "a~ \xC3\x9C \xE9\x9B\xBB \xF0\x9F\x98\x80"},
-        {"\x1B[2J\n\x7F", "?[2J??"},
-        {"\x9B|\xC2\x9B|\xE2\x80\xAE|\xEF\xBB\xBF|\xF3\xA0\x81\x81|", "?|?|?|?|?|"}, // controls, marks of direction
-        {"\xC0\xAF|\xE0\x80\xAF|\xED\xA0\x80|\xF4\x90\x80\x80|\xFF|", "?|?|?|?|?|"}, // in no well-formed text
-        {"\xE2\x80|\xF0\x9F\x98", "?|?"},                                            // cut
-    };
-    for (const auto& [text, printable] : texts) {
-        EXPECT_EQ(Y4mPrintable(text), printable);
-    }
-    EXPECT_EQ(Y4mPrintable("a\nb", true), "a\nb");
-    EXPECT_EQ(Y4mQuote(std::string(59, 'x') + "\xC3\x9Cy"), "'" + std::string(59, 'x') + "...'");
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "CountedObject.h"
 #include "KELCheckFailure.h"
 #include "KELRawCollfloat.h"
 #include "KELSysElapseTime.h"
@@ -6,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <initializer_list>
 #include <limits>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -36,15 +35,7 @@ TEST(KELCheckFailure, IsPrintedByDefault)
     KELSetCheckFailureHandler(outer);
 }
 
-TEST(KELSysTSBaseUnknown, KnowsNoInterface)
-{
-    CountedObject object;
-    void* out = &object;
-    EXPECT_TRUE(object.QueryInterface(nullptr, &out) < 0 && !out && object.QueryInterface(nullptr, nullptr) < 0);
-    EXPECT_TRUE(!object.GetMetaObject() && object.AddRef() == 2 && object.Release() == 1);
-}
-
-KELRawCollfloat Listed(const std::vector<float>& iElements)
+KELRawCollfloat Listed(std::initializer_list<float> iElements)
 {
     KELRawCollfloat list(2);
     for (const float element : iElements) {
@@ -53,41 +44,38 @@ KELRawCollfloat Listed(const std::vector<float>& iElements)
     return list;
 }
 
-int Compare(const KELRawCollfloat& iLeft, const std::vector<float>& iRight)
-{
-    return KELRawCollfloat::Compare(iLeft, Listed(iRight));
-}
-
 TEST(KELRawCollfloat, ComparesByElements)
 {
-    constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
-    const std::vector<float> lists[] = {{}, {-1.0F}, {0.0F}, {-0.0F, 0.0F}, {0.0F, 1.0F, 2.0F, 3.0F}, {1.0F}};
-    for (const std::vector<float>& left : lists) {
-        for (const std::vector<float>& right : lists) {
-            EXPECT_EQ(Compare(Listed(left), right), left < right ? -1 : left == right ? 0 : 1);
+    const KELRawCollfloat ascending[] = {{}, Listed({-1.0F}), Listed({0.0F}), Listed({0.0F, 1.0F}), Listed({1.0F})};
+    for (const KELRawCollfloat& left : ascending) {
+        for (const KELRawCollfloat& right : ascending) {
+            EXPECT_EQ(KELRawCollfloat::Compare(left, right), &left < &right ? -1 : &left == &right ? 0 : 1);
         }
     }
-    EXPECT_EQ(Compare(Listed({kNoNumber}), {kNoNumber}), 1);
+    const KELRawCollfloat noNumber = Listed({std::numeric_limits<float>::quiet_NaN()});
+    EXPECT_EQ(KELRawCollfloat::Compare(noNumber, noNumber), 1);
+    EXPECT_EQ(KELRawCollfloat::Compare(Listed({0.0F}), Listed({-0.0F})), 0);
 }
 
 TEST(KELRawCollfloat, SharesUntilItIsChangedOrHasLentAnElement)
 {
+    const auto isSame = [](const KELRawCollfloat& iList, std::initializer_list<float> iElements) {
+        return KELRawCollfloat::Compare(iList, Listed(iElements)) == 0;
+    };
     KELRawCollfloat list = Listed({1.0F, 2.0F, 3.0F});
     float& lent = list[2];
     KELRawCollfloat copy = list;
     lent = 5.0F;
-    EXPECT_TRUE(Compare(list, {1.0F, 5.0F, 3.0F}) == 0 && Compare(copy, {1.0F, 2.0F, 3.0F}) == 0);
+    EXPECT_TRUE(isSame(list, {1.0F, 5.0F, 3.0F}) && isSame(copy, {1.0F, 2.0F, 3.0F}));
     const KELRawCollfloat kept = copy;
     copy.Append(4.0F);
     list = copy;
     list.Size(2, 0.0F);
-    EXPECT_TRUE(Compare(copy, {1.0F, 2.0F, 3.0F, 4.0F}) == 0 && Compare(list, {1.0F, 2.0F}) == 0);
+    EXPECT_TRUE(isSame(copy, {1.0F, 2.0F, 3.0F, 4.0F}) && isSame(list, {1.0F, 2.0F}) && kept.Size() == 3);
     list.Size(4, 7.0F);
-    EXPECT_EQ(Compare(list, {1.0F, 2.0F, 7.0F, 7.0F}), 0);
+    EXPECT_TRUE(isSame(list, {1.0F, 2.0F, 7.0F, 7.0F}));
     list.Size(-1, 0.0F);
     EXPECT_EQ(list.Size(), 0);
-    list = std::move(copy);
-    EXPECT_TRUE(list.Size() == 4 && Compare(kept, {1.0F, 2.0F, 3.0F}) == 0);
 }
 
 } // namespace

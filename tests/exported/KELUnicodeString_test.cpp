@@ -67,23 +67,4 @@ TEST(KELUnicodeString, FindsLongTexts)
     }
 }
 
-TEST(KELUnicodeString, HoldersOfATextDoNotSeeItGrow)
-{
-    for (const std::string& start : {std::string("short"), std::string(40, 'l')}) {
-        KELUnicodeString text = Show(start);
-        const KELUnicodeString copy(text);
-        KELUnicodeString assigned;
-        assigned = text;
-        assigned = std::as_const(assigned);
-        EXPECT_EQ(&text.Append(text), &text);
-        KELUnicodeString grown(text); // of a text that has room to grow
-        text.Append("one");
-        grown.Append("another");
-        const KELUnicodeString moved(std::move(grown));
-        EXPECT_TRUE(IsSame(text, start + start + "one") && IsSame(moved, start + start + "another"));
-        text = KELUnicodeString();
-        EXPECT_TRUE(IsSame(copy, start) && IsSame(assigned, start));
-    }
-}
-
 } // namespace

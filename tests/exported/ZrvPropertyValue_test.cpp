@@ -17,12 +17,10 @@ using ZrvPropertyValueTest = ReportingTest;
 TEST(ZrvPropertyTypeConv, AnswersEarlyAndWhatIsUnknown)
 {
     EXPECT_EQ(g_early, "floatList");
-    for (const int number : {9, 10, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    for (const int number : {9, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
         EXPECT_EQ(ZrvPropertyTypeConv::GetAsUnicode(static_cast<ZrvPropertyType>(number)), "") << number;
     }
-    for (const char* name : {"", "int", "float ", "Float", "floatLis", "floatLists", "KELint32"}) {
-        EXPECT_EQ(ZrvPropertyTypeConv::GetEnum(name), zrvPT_Undefined) << name;
-    }
+    EXPECT_EQ(ZrvPropertyTypeConv::GetEnum("floatLists"), zrvPT_Undefined);
 }
 
 TEST_F(ZrvPropertyValueTest, EachIsComparedWithAndAssignedFromEach)
@@ -58,12 +56,9 @@ TEST_F(ZrvPropertyValueTest, EachIsComparedWithAndAssignedFromEach)
     EXPECT_EQ(CountOf(object), 1U);
 }
 
-/// A value of a class of the host's that says what it wants and has its own way to be set.
-template <class Base>
-struct Odd : Base {
-    using Base::Base;
-    KELUnicodeString GetType() const override { return type; }
-    const char* type = "f";
+/// Values of classes of the host's: one that names a type that it is not of, and one with its own way to be set.
+struct Odd : ZrvPropertyValueBase {
+    KELUnicodeString GetType() const override { return "f"; }
 };
 
 struct OneLess : Int {
@@ -76,29 +71,19 @@ struct OneLess : Int {
 
 TEST_F(ZrvPropertyValueTest, ClassesOfTheHostsAreTakenForWhatTheyAre)
 {
-    Odd<ZrvPropertyValueBase> odd;
+    Odd odd;
     EXPECT_EQ(Answer(odd.SetValueFromProperty(Int(1))),
               "error [condition GetType().GetLengthInChar()<=0 in ZrvPropertyValueBase]");
     EXPECT_EQ(Answer(Int(1).SetValueFromProperty(odd)), "error");
     EXPECT_FALSE(Int(1).IsPurelyIdenticalTo(odd));
-    ZrvProperties set;
-    set.AddProperty("n", "float", nullptr);
-    EXPECT_EQ(Answer(set.SetProperty("n", odd)),
-              "error [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]");
     OneLess value(0);
     EXPECT_EQ(Answer(value.SetValueFromProperty(Int(20))), "nothing done: own");
     EXPECT_TRUE(value.IsPurelyIdenticalTo(Int(19)));
-
-    bool isGone = false;
-    auto* const object = new CountedObject([&isGone] { isGone = true; });
+    auto* const object = new CountedObject;
     ZrvPropertyValue<KELSysTSBaseUnknown*> held(object);
     object->Release();
     held.SetValue(object); // is taken again before it is given up
-    EXPECT_FALSE(isGone);
-    held.SetValue(nullptr);
-    EXPECT_TRUE(isGone);
-    EXPECT_EQ(ZrvPropertyValue_GetStringType(), "KELUnicodeString");
-    EXPECT_TRUE(ZrvPropertyValue_StringComparator("a", "a") && !ZrvPropertyValue_StringComparator("a", "b"));
+    EXPECT_EQ(CountOf(*object), 1U);
 }
 
 } // namespace

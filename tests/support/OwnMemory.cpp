@@ -26,15 +26,6 @@ void* operator new(std::size_t iSize)
     return memory;
 }
 
-void* operator new(std::size_t iSize, const std::nothrow_t&) noexcept
-{
-    try {
-        return ::operator new(iSize);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
 void operator delete(void* iMemory) noexcept
 {
     if (iMemory) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// \file
@@ -75,6 +76,11 @@ inline const char* DifferenceFromModel(const std::string& iFirst, const std::str
     appended.Append(other);                       // in place, if there is room
     const bool isGrown = IsSame(appended, twice + iSecond);
     appended.Append(appended);
+    appended = std::as_const(appended);
+    KELUnicodeString assigned; // holds a text that has room to grow, which another holder has used
+    assigned = appended;
+    appended.Append(other);
+    assigned.Append(text);
     KELUnicodeString inserted(text);
     inserted.Insert(iPosition, other);
     const int order = iFirst == iSecond ? 2 : iFirst < iSecond ? 0 : 1;
@@ -84,7 +90,8 @@ inline const char* DifferenceFromModel(const std::string& iFirst, const std::str
            : text.SearchSubString(other, iPosition, 1) != position              ? "SearchSubString"
            : text.SearchSubString(other, 0, 2) != -1                            ? "mode of search"
            : !isTwice || !isGrown || !IsSame(shared, iFirst + iSecond) ||
-                   !IsSame(appended, twice + iSecond + twice + iSecond)
+                   !IsSame(appended, twice + iSecond + twice + iSecond + iSecond) ||
+                   !IsSame(assigned, twice + iSecond + twice + iSecond + iFirst)
                ? "Append"
            : !IsSame(inserted, std::string(iFirst).insert(*start, iSecond)) ? "Insert"
                                                                             : "";

@@ -3,7 +3,7 @@
 
 /// A clock that shows what the test sets; broken when that is negative.
 struct KELSysElapseTime {
-    int Reset() { return ++s_resets, ahead = 0.0, -1; } // nobody looks at the answer
+    int Reset() { return ahead = 0.0, -1; } // nobody looks at the answer
     int GetElapse(double& oMicroseconds) const
     {
         oMicroseconds = s_microseconds < 0.0 ? 5e6 : s_microseconds + ahead;
@@ -11,7 +11,6 @@ struct KELSysElapseTime {
     }
     double ahead = 0.0; // of what the others show
     static inline double s_microseconds = 0.0;
-    static inline int s_resets = 0;
 };
 
 #endif

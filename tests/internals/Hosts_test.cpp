@@ -1,0 +1,101 @@
+#include "CountedObject.h"
+#include "Zorvel.h"
+
+#include "KELSysSimpleHashTable.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <vector>
+
+// What a host, or those whose names it passes on, may do to it.
+namespace {
+
+/// Names of one hash, of two words each: the second one undoes what the first has done.
+std::vector<KELUnicodeString> NamesOfOneHash(std::size_t iCount)
+{
+    std::vector<KELUnicodeString> names;
+    for (std::uint64_t first = 0; names.size() < iCount; ++first) {
+        std::uint64_t words[2] = {first, (16 * KELUtf8::kHashMultiplier ^ first) * KELUtf8::kHashMultiplier};
+        words[1] ^= words[1] >> 32U ^ 0x123456789U;
+        names.emplace_back(reinterpret_cast<const char*>(words), sizeof(words));
+    }
+    EXPECT_EQ(names.front().ComputeHashKey(), names.back().ComputeHashKey()) << "another hash needs other names";
+    return names;
+}
+
+constexpr std::size_t kMany = 20000;
+
+TEST(Hosts, NamesOfOneHashAreComparedAsSeldomAsOthers)
+{
+    using Name = KELUnicodeString;
+    static std::size_t s_comparisons = 0;
+    std::vector<Name> names = NamesOfOneHash(kMany);
+    KELSysSimpleHashTable table(
+        0, [](void* iName) { return static_cast<Name*>(iName)->ComputeHashKey(); },
+        [](void* iLeft, void* iRight) {
+            return ++s_comparisons, *static_cast<Name*>(iLeft) == *static_cast<Name*>(iRight) ? 1 : 0;
+        },
+        [](void* iName, const KELHashSalt& iSalt) { return static_cast<Name*>(iName)->ComputeHashKey(iSalt); });
+    for (Name& name : names) {
+        Name copy(name);
+        EXPECT_TRUE(!table.Locate(&name) && table.InsertAndReturn(&name) == &name && table.Locate(&copy) == &name);
+    }
+    EXPECT_LT(s_comparisons, 4 * kMany);
+}
+
+TEST(Hosts, NamesOfOneHashAreHeldAndForgotten)
+{
+    const std::vector<KELUnicodeString> names = NamesOfOneHash(kMany);
+    ZrvPrototypeImpl prototype;
+    ZrvProperties set(&prototype);
+    for (const KELUnicodeString& name : names) {
+        ASSERT_TRUE(prototype.AddProperty(name, zrvPT_INT32, nullptr).IsValid() && !set.HasProperty(name));
+        ASSERT_TRUE(set.AddProperty(name).IsValid());
+    }
+    const ZrvProperties copy(set);
+    for (const KELUnicodeString& name : names) {
+        ASSERT_TRUE(copy.HasProperty(name) && set.SetProperty(name, ZrvPropertyValue<KELINT32>(1)).IsValid());
+        ASSERT_TRUE(prototype.RemoveProperty(name).IsValid() && prototype.HasProperty(name).IsError());
+    }
+}
+
+TEST(Hosts, ASetMayTakeFromASetThatGoesWithWhatIsReplaced)
+{
+    struct Nest : CountedObject {
+        ZrvProperties set;
+    };
+    const ZrvPropertyValue<KELUnicodeString> text("a text that lies in the memory of none of both");
+    for (const bool isAssigned : {false, true}) {
+        auto* const nest = new Nest;
+        ZrvProperties set;
+        ZrvPublishProperty<KELSysTSBaseUnknown*>(set, "object", nest);
+        ZrvPublishProperty<KELSysTSBaseUnknown*>(nest->set, "object", nullptr);
+        ZrvPublishProperty(nest->set, "text", text);
+        nest->Release();
+        isAssigned ? void(set = nest->set) : void(set.SetFromProperties(nest->set));
+        EXPECT_FALSE(ZrvReadProperty<KELSysTSBaseUnknown*>(set, "object").Get());
+        EXPECT_TRUE(set.GetProperty("text")->IsPurelyIdenticalTo(text));
+    }
+}
+
+TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)
+{
+    struct Innermost : ZrvPrototypeImpl {
+        ~Innermost() override { *frame = static_cast<const char*>(__builtin_frame_address(0)); }
+        const char** frame = nullptr;
+    };
+    const char* frame = nullptr;
+    auto* const innermost = new Innermost;
+    innermost->frame = &frame;
+    auto outermost = KELReference<ZrvPrototypeImpl>::Adopt(innermost);
+    for (int i = 0; i < 100000; ++i) {
+        auto* const outer = new ZrvPrototypeImpl;
+        outer->AddProperty("nested", zrvPT_Float, outermost.Get());
+        outermost = KELReference<ZrvPrototypeImpl>::Adopt(outer);
+    }
+    outermost = nullptr;
+    EXPECT_LT(std::labs(static_cast<const char*>(__builtin_frame_address(0)) - frame), 20000);
+}
+
+} // namespace
