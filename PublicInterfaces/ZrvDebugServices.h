@@ -9,11 +9,10 @@ class ZrvProperties;
 /// Debugging services for property sets. Thread-safe.
 class ZRV_API ZrvDebugServices {
 public:
+    /// There is nothing to copy or to assign.
+    /// @{
     ZrvDebugServices() = default;
     ZrvDebugServices(const ZrvDebugServices&) = default;
-
-    /// Do nothing; there is nothing to assign.
-    /// @{
     ZrvDebugServices& operator=(const ZrvDebugServices& iOther);
     ZrvDebugServices& operator=(ZrvDebugServices&& iOther) noexcept;
     /// @}

@@ -14,13 +14,19 @@
 template <class List>
 class ZrvListIterator {
 public:
+    /// What the standard algorithms ask of an iterator.
+    /// @{
     using iterator_category = std::input_iterator_tag;
     using reference = decltype(std::declval<const List&>()[1]);
     using value_type = std::decay_t<reference>;
     using pointer = void;
     using difference_type = std::ptrdiff_t;
+    /// @}
 
     ZrvListIterator() = default;
+
+    /// An input iterator: at a position from 1, valid as long as the list.
+    /// @{
     ZrvListIterator(const List& iList, int iPosition) noexcept : m_list(&iList), m_position(iPosition) {}
 
     reference operator*() const { return (*m_list)[m_position]; }
@@ -47,6 +53,7 @@ public:
     {
         return iLeft.m_position != iRight.m_position;
     }
+    /// @}
 
 private:
     const List* m_list = nullptr;

@@ -40,14 +40,14 @@ class ZrvPropertiesData;
 ///
 /// Operations call code of the host's, on the calling thread:
 ///
-/// | called | when | locks held then |
+/// | called | when | locks that the thread holds |
 /// |---|---|---|
 /// | the handler of failed checks | a precondition is broken | those of the operation that reports |
-/// | a prototype of a class of the host's | something is added, asked for its availability or copied | the set's; in a
-/// copy both | | a value of a class of the host's | it is set | the set's | | `AddRef` of objects and prototypes | a
-/// reference is taken | the set's or none; in a copy both | | `Release`, and the destructor behind it | a set has given
-/// a reference up | none of the operation's | | overrides of a set of a class of the host's | `SetFromProperties` lists
-/// what it copies | none |
+/// | a prototype of the host's class | something is added or copied; `GetAvailability` | the set's; in a copy both |
+/// | a value of the host's class | it is set | the set's |
+/// | `AddRef` of objects and prototypes | a reference is taken | the set's or none; in a copy both |
+/// | `Release` and the destructor behind it | a reference has been given up | none of the operation's |
+/// | overrides of a set of the host's class | `SetFromProperties` lists what it copies | none |
 ///
 /// Each may use, fill and assign any set. An operation looks up anew what it has asked about, and an object that goes
 /// finds the set as the operation left it. Prototypes, values and overrides may throw; the handler, `AddRef` and

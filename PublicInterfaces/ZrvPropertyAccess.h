@@ -196,9 +196,9 @@ inline ZrvRC ZrvPublishProperty(ZrvProperties& ioSet, const KELUnicodeString& iP
 /// One declaration: a name, one of the nine types and, for a structured property, its nested prototype, which is
 /// borrowed.
 struct ZrvPropertyDeclaration {
-    KELUnicodeString name;
-    ZrvPropertyType type;
-    ZrvConstPropertiesPrototype* prototype = nullptr;
+    KELUnicodeString name;                            ///< The property's name.
+    ZrvPropertyType type;                             ///< The type of its value.
+    ZrvConstPropertiesPrototype* prototype = nullptr; ///< The nested prototype, or null.
 };
 
 /// Declares properties.

@@ -37,16 +37,18 @@ const ZrvPropertyValue<T>* ZrvPropertyCast(const ZrvPropertyValueBase* iValue)
 /// How a value of type T reaches its reader: as a T, ...
 template <class T>
 struct ZrvPropertyReader {
-    using Result = T;
+    using Result = T; ///< What the reader gets.
 
+    /// Reads it.
     static Result Read(const ZrvPropertyValue<T>& iValue) { return iValue.GetValue(); }
 };
 
 /// ... an object in a holder, which gives back the reference that the value added for the reader.
 template <>
 struct ZrvPropertyReader<KELSysTSBaseUnknown*> {
-    using Result = KELReference<KELSysTSBaseUnknown>;
+    using Result = KELReference<KELSysTSBaseUnknown>; ///< What the reader gets.
 
+    /// Reads it.
     static Result Read(const ZrvPropertyValue<KELSysTSBaseUnknown*>& iValue)
     {
         return Result::Adopt(iValue.GetValue());

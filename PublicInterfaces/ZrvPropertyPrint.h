@@ -23,6 +23,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -110,7 +111,7 @@ inline void Print(std::ostream& ioOutput, const KELReference<KELSysTSBaseUnknown
     ioOutput << (iObject ? "(object)" : "null");
 }
 
-template <class Number>
+template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
 void Print(std::ostream& ioOutput, Number iValue)
 {
     ioOutput << iValue;

@@ -7,7 +7,9 @@
 /// \file
 /// The nine types of values.
 ///
-/// One table says all about them: `X(id, name, type)` with the enumerator's ending, the type name that prototypes and
+/// One table says all about them.
+
+/// The table: `X(id, name, type)` with the enumerator's ending, the type name that prototypes and
 /// callers exchange, and the C++ type that a value holds. The order gives the enumerators their numbers from 0.
 #define ZRV_PROPERTY_TYPES(X)                                                                                          \
     X(BytePtr, "bytePtr", unsigned char*)                                                                              \

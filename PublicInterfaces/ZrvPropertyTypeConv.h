@@ -10,11 +10,10 @@
 /// Neither conversion fails, allocates or reports. Thread-safe, and usable in any static initialiser and destructor.
 class ZRV_API ZrvPropertyTypeConv {
 public:
+    /// There is nothing to copy or to assign.
+    /// @{
     ZrvPropertyTypeConv() = default;
     ZrvPropertyTypeConv(const ZrvPropertyTypeConv&) = default;
-
-    /// Do nothing; there is nothing to assign.
-    /// @{
     ZrvPropertyTypeConv& operator=(const ZrvPropertyTypeConv& iOther);
     ZrvPropertyTypeConv& operator=(ZrvPropertyTypeConv&& iOther) noexcept;
     /// @}

@@ -35,9 +35,10 @@ struct ZrvPropertyTypeOf {
         "KELUINT32, float or double, a text as KELUnicodeString, a list as KELRawCollfloat, bytes as unsigned "
         "char*, an object of any class as KELSysTSBaseUnknown*");
 
-    static constexpr ZrvPropertyType kType = zrvPT_Undefined; // what else the compiler would complain about
+    static constexpr ZrvPropertyType kType = zrvPT_Undefined; ///< What else the compiler would complain about.
 };
 
+/// \cond
 #define ZRV_TYPE_OF(id, name, type)                                                                                    \
     template <>                                                                                                        \
     struct ZrvPropertyTypeOf<type> {                                                                                   \
@@ -45,6 +46,7 @@ struct ZrvPropertyTypeOf {
     };
 ZRV_PROPERTY_TYPES(ZRV_TYPE_OF)
 #undef ZRV_TYPE_OF
+/// \endcond
 
 /// A value of one of the nine types T.
 ///
@@ -58,15 +60,20 @@ public:
     /// What a value of that type holds.
     using Contents = std::conditional_t<kIsObject, KELReference<KELSysTSBaseUnknown>, T>;
 
-    static constexpr ZrvPropertyType kType = ZrvPropertyTypeOf<T>::kType;
+    static constexpr ZrvPropertyType kType = ZrvPropertyTypeOf<T>::kType; ///< The type by number.
 
     /// Starts with iValue; takes a reference of its own on an object.
     /// @{
     explicit ZrvPropertyValue(const T& iValue) : m_typedValue(iValue) {}
     explicit ZrvPropertyValue(T&& ioValue) : m_typedValue(std::move(ioValue)) {}
     /// @}
+
+    /// A copy of an object pointer takes a reference of its own.
+    /// @{
     ZrvPropertyValue(const ZrvPropertyValue&) = default;
     ZrvPropertyValue& operator=(const ZrvPropertyValue&) = default;
+    /// @}
+
     ~ZrvPropertyValue() override = default;
 
     KELUnicodeString GetType() const override { return ZrvPropertyTypeConv::GetAsUnicode(kType); }

@@ -14,10 +14,13 @@
 /// Thread-compatible.
 class ZRV_API ZrvPropertyValueBase {
 public:
+    /// There is nothing to copy.
+    /// @{
     ZRV_INLINE ZrvPropertyValueBase() noexcept;
     ZRV_INLINE ZrvPropertyValueBase(const ZrvPropertyValueBase& iOther) noexcept;
     ZRV_INLINE ZrvPropertyValueBase& operator=(const ZrvPropertyValueBase& iOther) noexcept;
     ZRV_INLINE virtual ~ZrvPropertyValueBase();
+    /// @}
 
     /// The value's type name; empty for a value without a type.
     virtual KELUnicodeString GetType() const;
@@ -37,7 +40,7 @@ public:
 
 ZrvPropertyValueBase::ZrvPropertyValueBase() noexcept = default;
 ZrvPropertyValueBase::ZrvPropertyValueBase(const ZrvPropertyValueBase& iOther) noexcept = default;
-ZrvPropertyValueBase& ZrvPropertyValueBase::operator=(const ZrvPropertyValueBase& iOther) noexcept = default;
+ZrvPropertyValueBase& ZrvPropertyValueBase::operator=(const ZrvPropertyValueBase&) noexcept = default;
 ZrvPropertyValueBase::~ZrvPropertyValueBase() = default;
 
 /// The type name of string values. Thread-safe.

@@ -55,9 +55,12 @@ public:
     template <class Truth, class = std::enable_if_t<std::is_same_v<Truth, bool>>>
     ZrvRC(Truth iTruth) = delete; // NOLINT(google-explicit-constructor): refuses the conversions, too
 
+    /// Copying shares the trace and does not fail.
+    /// @{
     ZRV_INLINE ZrvRC(const ZrvRC& iOther) noexcept;
     ZRV_INLINE ZrvRC& operator=(const ZrvRC& iOther) noexcept;
     ZRV_INLINE ~ZrvRC();
+    /// @}
 
     /// The code.
     ZRV_INLINE ErrorCode GetRC() noexcept;

@@ -23,11 +23,11 @@ enum KELCheckFailureKind {
 
 /// One report. The texts belong to the reporting library and last until it is unloaded.
 struct KELCheckFailure {
-    KELCheckFailureKind kind;
-    const char* text;    ///< The condition, the pointer's name or the message.
-    const char* file;    ///< The source file's bare name.
-    int line;            ///< The line in that file.
-    const char* message; ///< A remark, or null.
+    KELCheckFailureKind kind; ///< What the text is.
+    const char* text;         ///< The condition, the pointer's name or the message.
+    const char* file;         ///< The source file's bare name.
+    int line;                 ///< The line in that file.
+    const char* message;      ///< A remark, or null.
 };
 
 /// Receives the reports. It runs on the reporting thread, may run on several threads at once, and may call back into

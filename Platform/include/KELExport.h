@@ -19,4 +19,10 @@
 #define KEL_API __attribute__((visibility("default")))
 #endif
 
+// Visual C++ warns of exported classes with members or bases that are not exported: here those are complete in their
+// headers, or touched by the library alone.
+#if defined(_MSC_VER) && !defined(__clang__)
+#pragma warning(disable : 4251 4275)
+#endif
+
 #endif

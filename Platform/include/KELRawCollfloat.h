@@ -30,6 +30,8 @@ public:
     /// An empty list with room for iReserved elements.
     explicit KELRawCollfloat(int iReserved = 0);
 
+    /// A copy shares the elements. What is moved from is empty, or is exchanged.
+    /// @{
     KELRawCollfloat(const KELRawCollfloat& iOther);
     KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept : m_elements(std::exchange(ioOther.m_elements, nullptr)) {}
     KELRawCollfloat& operator=(const KELRawCollfloat& iOther) { return *this = KELRawCollfloat(iOther); }
@@ -38,8 +40,11 @@ public:
         std::swap(m_elements, ioOther.m_elements);
         return *this;
     }
+    /// @}
+
     ~KELRawCollfloat() { RemoveHolder(); }
 
+    /// Number of elements.
     int Size() const noexcept { return m_elements ? m_elements->size : 0; }
 
     /// Makes the list iCount elements long (0 for a negative count): keeps the first ones, fills new ones with iFill.

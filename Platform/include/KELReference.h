@@ -21,6 +21,8 @@ public:
         }
     }
 
+    /// Hold what the other holds, or another object, with a reference of their own; moving hands the reference over.
+    /// @{
     KELReference(const KELReference& iOther) : KELReference(iOther.m_object) {}
     KELReference(KELReference&& ioOther) noexcept : m_object(std::exchange(ioOther.m_object, nullptr)) {}
 
@@ -35,6 +37,7 @@ public:
         KELReference(iObject).Swap(*this);
         return *this;
     }
+    /// @}
 
     ~KELReference()
     {
@@ -67,6 +70,8 @@ public:
         return object;
     }
 
+    /// Behave as the plain pointer does.
+    /// @{
     T* operator->() const noexcept { return m_object; }
     explicit operator bool() const noexcept { return m_object != nullptr; }
 
@@ -74,6 +79,7 @@ public:
     {
         return iHolder.m_object == iObject;
     }
+    /// @}
 
 private:
     void Swap(KELReference& ioOther) noexcept { std::swap(m_object, ioOther.m_object); }

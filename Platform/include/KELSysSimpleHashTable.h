@@ -250,7 +250,7 @@ inline void KELSysSimpleHashTable::MakeRoom()
         MakeFirstRoom(kFirstElements);
     }
     if (m_elements.size() == m_elements.capacity()) {
-        m_elements.reserve(m_elements.capacity() * 2);
+        m_elements.reserve((std::max)(kFirstElements, m_elements.capacity() * 2));
     }
     while (m_heads.size() < (m_elements.size() + 1) * kBucketsPerElement) {
         AddBucket();

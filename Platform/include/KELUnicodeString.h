@@ -6,6 +6,7 @@
 #include "KELText.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 /// The 32 bytes of a string that holds a text of up to 25 bytes, made at compile time from a literal.
@@ -90,10 +91,16 @@ public:
     /// Copies a constant.
     constexpr explicit KELUnicodeString(const KELShortText& iText) noexcept : m_form(iText) {}
 
+    /// A copy shares a long text; what is moved from is empty, or is exchanged.
+    /// @{
     KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_form(iOther.m_form) { AddHolder(); }
     KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_form(ioOther.m_form) { ioOther.m_form = KELShortText(); }
+    /// @}
+
     ~KELUnicodeString() { RemoveHolder(); }
 
+    /// Shares a long text of the other, or exchanges texts with it.
+    /// @{
     KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept
     {
         iOther.AddHolder();
@@ -109,6 +116,7 @@ public:
         ioOther.m_form = form;
         return *this;
     }
+    /// @}
 
     /// Adds iText at the end; returns this string. Copies the bytes of iText, and now and then, as a growing array
     /// does, those of this string.
@@ -160,6 +168,8 @@ public:
     /// A hash that nobody can foresee who does not know the salt. Linear.
     unsigned int ComputeHashKey(const KELHashSalt& iSalt) const noexcept;
 
+    /// Whether both texts are identical.
+    /// @{
     friend bool operator==(const KELUnicodeString& iLeft, const KELUnicodeString& iRight) noexcept
     {
         return iLeft.IsIdentical(iRight);
@@ -169,6 +179,7 @@ public:
     {
         return !iLeft.IsIdentical(iRight);
     }
+    /// @}
 
     /// Compares with a constant, without making a string of it.
     friend bool operator==(const KELUnicodeString& iLeft, const KELShortText& iRight) noexcept
@@ -209,9 +220,7 @@ private:
 
     KELText& Text() const noexcept
     {
-        KELText* text = nullptr;
-        std::memcpy(&text, m_form.m_words, sizeof(text));
-        return *text;
+        return *reinterpret_cast<KELText*>(static_cast<std::uintptr_t>(m_form.m_words[0]));
     }
 
     bool IsIdentical(const KELUnicodeString& iOther) const noexcept

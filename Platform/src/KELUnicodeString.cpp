@@ -155,7 +155,7 @@ void KELUnicodeString::SetText(KELText* iText) noexcept
 {
     RemoveHolder();
     m_form = KELShortText();
-    std::memcpy(m_form.m_words, &iText, sizeof(iText));
+    m_form.m_words[0] = reinterpret_cast<std::uintptr_t>(iText);
     m_form.m_words[3] = kLong;
 }
 
@@ -225,6 +225,9 @@ int KELUnicodeString::SearchSubString(const KELUnicodeString& iText, int iStart,
     const auto isBoundary = [text](std::size_t iOffset) {
         return KELUtf8::IsBoundary(text.data(), text.size(), iOffset);
     };
+    if (wanted.size() > text.size() - start) {
+        return -1;
+    }
     Finder finder(text, wanted, start);
     for (std::size_t match = finder.Next(); match != std::string_view::npos; match = finder.Next()) {
         if (isBoundary(match) && isBoundary(match + wanted.size())) {

@@ -34,6 +34,9 @@ public:
     /// Takes a reference of its own on a prototype, so that it lives while it is asked; returns the prototype.
     ZrvConstPropertiesPrototype* Hold(ZrvConstPropertiesPrototype* iPrototype);
 
+    /// The value that is being copied: it, too, goes after the locks when something throws.
+    ZrvValueHolder value;
+
 private:
     std::vector<KELReference<KELSysTSBaseUnknown>> m_objects;
 };

@@ -73,6 +73,7 @@ int ZrvProperties::GetListProperties(KELSysTSListOfUnicodeString& ioList) const
     }
     KELListValKELUnicodeString names;
     const int count = m_PropertiesData->GetListProperties(names);
+    ioList.Reserve(ioList.Size() + names.Size());
     for (int position = 1; position <= names.Size(); ++position) {
         ioList.PutBack(KELSysTSUnicodeString(names[position].ConvertToChar()));
     }
@@ -147,8 +148,9 @@ ZrvRC ZrvProperties::SetProperty(const KELUnicodeString& iPropertyName, const Zr
     if (!CheckData(m_PropertiesData) || !g_check.HasName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
-    if (m_PropertiesData->AssignIfSameClass(iPropertyName, iValue)) [[likely]] {
-        return ZrvRC::zrvEC_OK;
+    const ZrvRC::ErrorCode code = m_PropertiesData->AssignIfSameClass(iPropertyName, iValue);
+    if (code != ZrvRC::zrvEC_NothingDone) [[likely]] {
+        return code;
     }
     if (!g_check.HasType(iValue)) {
         return ZrvRC::zrvEC_Error;

@@ -85,7 +85,7 @@ bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, c
 {
     const ZrvValueClass* const valueClass = ZrvValueClass::Find(iPropertyType);
     if (!valueClass) {
-        return m_propertyMap.Contains(iPropertyName) != 0;
+        return Find_Int(iPropertyName) != nullptr;
     }
     ZrvPropertiesContents::Pool::Owner property = m_propertyPool.Make(*valueClass);
     const int added = m_propertyMap.Add(iPropertyName, property.get());
@@ -97,7 +97,7 @@ bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, c
         *held = property.get();
     }
     if (added >= 0) {
-        property->SetPrototype(std::move(ioPropertyPrototype));
+        property->SetPrototype(ZrvProperty::Prototype::Adopt(ioPropertyPrototype.Detach()));
         static_cast<void>(property.release());
     }
     return true;
@@ -172,11 +172,11 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
         return ZrvRC::zrvEC_Error;
     }
     ioGivenUp.MakeRoom(1);
-    auto propertyPrototype = ZrvProperty::Prototype::Adopt(prototype->GetPropertyPrototype(iPropertyName));
+    ZrvConstPropertiesPrototype* const nested = prototype->GetPropertyPrototype(iPropertyName);
+    ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(nested));
+    ZrvProperty::Prototype propertyPrototype(nested);
     // What has been answered counts no more if the set follows another prototype by now.
-    const bool isAdded = m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
-    ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(propertyPrototype.Detach()));
-    return OkIf(isAdded);
+    return OkIf(m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype));
 }
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
@@ -321,24 +321,25 @@ ZrvRC ZrvPropertiesData::SetProperty(const KELUnicodeString& iPropertyName, cons
     return SetProperty_Int(iPropertyName, iValue, givenUp);
 }
 
-bool ZrvPropertiesData::AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue)
+ZrvRC::ErrorCode ZrvPropertiesData::AssignIfSameClass(const KELUnicodeString& iPropertyName,
+                                                      const ZrvPropertyValueBase& iValue)
 {
     KELReference<KELSysTSBaseUnknown> object; // the new one, then the old one
     const ZrvLock lock(m_mutex);
     ZrvProperty* property = Find_Int(iPropertyName);
     if (!property || !property->HasClassOf(iValue)) {
-        return false;
+        return ZrvRC::zrvEC_NothingDone;
     }
     if (!property->HasObject()) [[likely]] {
         property->Assign(iValue);
-        return true;
+        return ZrvRC::zrvEC_OK;
     }
     using ObjectValue = ZrvValueClass::ObjectValue;
     object = KELReference<KELSysTSBaseUnknown>::Adopt(static_cast<const ObjectValue&>(iValue).ObjectValue::GetValue());
-    property = Find_Int(iPropertyName); // counting an object may call the host
+    property = Find_Int(iPropertyName); // counting an object may call the host; the value may be gone, too
     if (!property || !property->HasObject()) {
-        return false;
+        return property ? ZrvProperty::RefuseValue().GetRC() : ZrvRC::zrvEC_Error;
     }
     property->SwapObject(object);
-    return true;
+    return ZrvRC::zrvEC_OK;
 }

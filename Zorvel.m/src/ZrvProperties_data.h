@@ -51,9 +51,9 @@ public:
     ZrvConstPropertiesPrototype* GetPrototype() const;
     ZrvRC SetProperty(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
 
-    /// Does what `SetProperty` does, if the set holds the name with a value of exactly that class; else nothing, and
-    /// gives false. The short cut of nearly all calls: such a value passes every check on the long way.
-    bool AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
+    /// Does what `SetProperty` does, if the set holds the name with a value of exactly that class; else
+    /// `zrvEC_NothingDone`. The short cut of nearly all calls: such a value passes every check on the long way.
+    ZrvRC::ErrorCode AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
     ZrvRC SetFromProperties(const ZrvPropertiesData& iSource);
 
 private:
@@ -81,11 +81,17 @@ private:
         KEL_REQUIRES(m_mutex);
 
     /// Copies of all properties: of all at once, or one by one. An assigned one has the nested prototype that is
-    /// declared, and no parameters. The last adds, to a copy of the entry at a position, what is counted.
+    /// declared, and no parameters.
     /// @{
     void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    /// @}
+
+    /// Adds what is counted to a copy of the entry at a position; and the property there, looked up anew each time
+    /// since counting may call the host: null when it is another one by now.
+    /// @{
     void CopyCounted_Int(int iIndex, const PropertyMap::Entry& iCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    const ZrvProperty* FindSource_Int(int iIndex, const PropertyMap::Entry& iCopy) const KEL_REQUIRES(m_mutex);
     /// @}
 
     /// Whether each entry has a name and a value of one of the nine classes, so that all can be copied at once; and

@@ -39,7 +39,8 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     ZrvPropertiesContents copy;
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     copy.prototype = iSource.m_pPrototype;
-    const bool isCopied = iSource.IsWhole_Int() && iSource.IsAsDeclared_Int();
+    const bool isCopied =
+        copy.prototype == iSource.m_pPrototype.Get() && iSource.IsWhole_Int() && iSource.IsAsDeclared_Int();
     if (isCopied) {
         iSource.CopyAllTo_Int(copy, true);
     }
@@ -100,28 +101,29 @@ void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iI
         if (!source || source->key.GetLengthInChar() == 0 || !source->value) {
             continue;
         }
+        const KELUnicodeString name = source->key;
         ZrvPropertiesContents::Pool::Owner property = oCopy.pool.Make(*source->value);
-        if (oCopy.map.Add(source->key, property.get()) == 1) {
-            const PropertyMap::Entry copy{source->key, property.release()};
-            CopyCounted_Int(i, copy, iIsAssigned);
+        if (oCopy.map.Add(name, property.get()) == 1) {
+            CopyCounted_Int(i, PropertyMap::Entry{name, property.release()}, iIsAssigned);
         }
     }
 }
 
+const ZrvProperty* ZrvPropertiesData::FindSource_Int(int iIndex, const PropertyMap::Entry& iCopy) const
+{
+    const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
+    const bool isSame =
+        entry && entry->value && entry->key == iCopy.key && entry->value->ValueClass() == iCopy.value->ValueClass();
+    return isSame ? entry->value : nullptr;
+}
+
 void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iCopy, bool iIsAssigned) const
 {
-    // Looked up anew each time: counting may call the host.
-    const auto findSource = [&]() -> const ZrvProperty* {
-        const PropertyMap::Entry* const entry = m_propertyMap.At(iIndex);
-        const bool isSame =
-            entry && entry->value && entry->key == iCopy.key && iCopy.value->HasSameClass(*entry->value);
-        return isSame ? entry->value : nullptr;
-    };
-    const ZrvProperty* source = m_propertyMap.At(iIndex)->value;
-    if (source->HasObject()) {
+    const ZrvProperty* source = FindSource_Int(iIndex, iCopy);
+    if (source && source->HasObject()) {
         KELReference<KELSysTSBaseUnknown> object = source->GetObject();
         iCopy.value->SwapObject(object);
-        source = findSource();
+        source = FindSource_Int(iIndex, iCopy);
     }
     if (iIsAssigned) {
         const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
@@ -133,7 +135,7 @@ void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iC
     }
     if (source && source->PeekPrototype()) {
         iCopy.value->SetPrototype(ZrvProperty::Prototype(source->PeekPrototype()));
-        source = findSource();
+        source = FindSource_Int(iIndex, iCopy);
     }
     if (source) {
         iCopy.value->SetParameters(source->CopyParameters());
@@ -215,7 +217,7 @@ ZrvRC ZrvPropertiesData::CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGiv
 ZrvRC ZrvPropertiesData::CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp)
 {
     const KELUnicodeString name = iSource.key;
-    ZrvValueHolder value;
+    ZrvValueHolder& value = ioGivenUp.value;
     value.MakeCopy(iSource.value->Value());
     ZrvRC rc = AddForCopy_Int(name, value, ioGivenUp);
     ioGivenUp.MakeRoom(1);
@@ -226,6 +228,7 @@ ZrvRC ZrvPropertiesData::CopyProperty_Int(const PropertyMap::Entry& iSource, Zrv
         }
     }
     ioGivenUp.Keep(value.TakeObject());
+    value.Reset();
     return rc;
 }
 

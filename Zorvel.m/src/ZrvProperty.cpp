@@ -82,7 +82,7 @@ ZrvProperty* ZrvProperty::Duplicate() const
     }
     copy->SetParameters(CopyParameters());
     copy->SetPrototype(m_pPropertyPrototype);
-    return copy.release();
+    return copy.release(); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the caller deletes it
 }
 
 std::unique_ptr<ZrvProperties> ZrvProperty::CopyParameters() const

@@ -24,13 +24,15 @@ bool HasMap(const std::unique_ptr<DefinitionMap>& iMap, int iLine = __builtin_LI
 // Prototypes on their way out, so that a chain of them goes by a loop and not by as many nested calls.
 using Going = std::vector<KELReference<ZrvConstPropertiesPrototype>>;
 
-// Moves the nested prototypes out of a map that nobody will read any more. Those that find no room stay and go with it.
+// Moves nested prototypes out of a map that goes. Those of the host's own classes stay and go with it, since their
+// destructors may look back at the prototype that declares them; and so do those that find no room.
 void TakeNested(DefinitionMap& ioMap, Going& oGoing) noexcept
 {
     try {
         for (int i = 0; i < ioMap.Size(); ++i) {
             DefinitionMap::Entry* const entry = ioMap.At(i);
-            if (entry && entry->value.PeekPrototype()) {
+            const ZrvConstPropertiesPrototype* const nested = entry ? entry->value.PeekPrototype() : nullptr;
+            if (nested && ZrvIsExactly<ZrvPrototypeImpl>(*nested)) {
                 oGoing.emplace_back();
                 oGoing.back() = entry->value.TakePrototype();
             }
@@ -56,14 +58,12 @@ ZrvPrototypeImpl::~ZrvPrototypeImpl()
     while (!going.empty()) {
         const auto nested = std::move(going.back());
         going.pop_back();
-        // Of another class, its own destructor may want to see what it declares.
-        if (ZrvIsExactly<ZrvPrototypeImpl>(*nested.Get())) {
-            auto& prototype = static_cast<ZrvPrototypeImpl&>(*nested.Get());
-            if (IsLastReference(prototype)) {
-                TakeNested(*prototype.m_properties, going);
-            }
+        auto& prototype = static_cast<ZrvPrototypeImpl&>(*nested.Get());
+        if (IsLastReference(prototype)) {
+            TakeNested(*prototype.m_properties, going);
         }
     }
+    m_properties->RemoveAll(); // while those that look back can still reach it
 }
 
 const ZrvPrototypeImpl* ZrvPrototypeImpl::OfExactly(const ZrvConstPropertiesPrototype& iPrototype)

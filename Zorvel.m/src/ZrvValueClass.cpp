@@ -62,8 +62,11 @@ ZrvPropertyValueBase* MakeAnswer(void* iRoom, const ZrvPropertyValueBase& iValue
         return nullptr;
     }
     if constexpr (g_isObject<T>) {
-        const auto object = ZrvPropertyValue<T>::Contents::Adopt(value->GetValue());
-        return ::new (iRoom) ZrvPropertyValue<T>(object.Get());
+        // The reference that the answer comes with is moved: giving one back may call the host, under a lock.
+        auto object = ZrvPropertyValue<T>::Contents::Adopt(value->GetValue());
+        auto* const answer = ::new (iRoom) ZrvPropertyValue<T>(nullptr);
+        answer->Swap(object);
+        return answer;
     } else {
         return ::new (iRoom) ZrvPropertyValue<T>(value->GetValue());
     }
@@ -84,12 +87,12 @@ void Swap(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther)
 const ZrvValueClass g_classes[] = {
 #define ZRV_VALUE_CLASS(id, name, type)                                                                                \
     {&typeid(ZrvPropertyValue<type>),                                                                                  \
-     zrvPT_##id,                                                                                                       \
      &MakeDefault<type>,                                                                                               \
      &MakeCopy<type>,                                                                                                  \
      &MakeAnswer<type>,                                                                                                \
      &Assign<type>,                                                                                                    \
      &Swap<type>,                                                                                                      \
+     zrvPT_##id,                                                                                                       \
      g_isObject<type>},
     ZRV_PROPERTY_TYPES(ZRV_VALUE_CLASS)
 #undef ZRV_VALUE_CLASS
@@ -119,9 +122,9 @@ void ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyVa
     }
 }
 
-void ZrvValueHolder::Destroy(ZrvPropertyValueBase* iValue) const noexcept
+void ZrvValueHolder::Destroy(const ZrvValueClass* iClass, ZrvPropertyValueBase* iValue) noexcept
 {
-    if (m_class) {
+    if (iClass) {
         iValue->~ZrvPropertyValueBase();
     } else {
         delete iValue;

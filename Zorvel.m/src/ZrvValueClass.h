@@ -19,7 +19,6 @@
 /// those that make one do so in a room of the caller's.
 struct ZrvValueClass {
     const std::type_info* typeInfo;
-    ZrvPropertyType type;
 
     ZrvPropertyValueBase* (*makeDefault)(void* iRoom);
     ZrvPropertyValueBase* (*makeCopy)(void* iRoom, const ZrvPropertyValueBase& iValue);
@@ -28,6 +27,8 @@ struct ZrvValueClass {
     ZrvPropertyValueBase* (*makeAnswer)(void* iRoom, const ZrvPropertyValueBase& iValue);
     void (*assign)(ZrvPropertyValueBase& ioValue, const ZrvPropertyValueBase& iOther);
     void (*swap)(ZrvPropertyValueBase& ioValue, ZrvPropertyValueBase& ioOther);
+
+    ZrvPropertyType type;
 
     /// Whether values refer to objects, so that copying one counts and may call the host. It is then `ObjectValue`.
     bool hasObjects;
@@ -52,8 +53,9 @@ public:
     /// Destroys the value.
     void Reset() noexcept
     {
+        const ZrvValueClass* const valueClass = std::exchange(m_class, nullptr);
         if (ZrvPropertyValueBase* const value = std::exchange(m_value, nullptr)) {
-            Destroy(value);
+            Destroy(valueClass, value);
         }
     }
 
@@ -112,7 +114,7 @@ private:
         m_class = &iClass;
     }
 
-    void Destroy(ZrvPropertyValueBase* iValue) const noexcept;
+    static void Destroy(const ZrvValueClass* iClass, ZrvPropertyValueBase* iValue) noexcept;
 
     ZrvPropertyValueBase* m_value = nullptr;
     const ZrvValueClass* m_class = nullptr;

@@ -1,8 +1,7 @@
-#include "ZrvPropertyAccess.h"
+#include "Zorvel.h"
 
 #include "CountedObject.h"
 #include "ReportingTest.h"
-#include "ZrvPrototypeImpl.h"
 
 #include <sstream>
 
@@ -108,7 +107,8 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
     const auto object = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject);
     EXPECT_EQ(Answer(ZrvPublishProperty(set, "object", object.Get())), "ok");
     EXPECT_EQ(CountOf(*ZrvReadProperty<KELSysTSBaseUnknown*>(set, "object").Get()), 3U);
-    EXPECT_EQ(Text(*set.GetProperty("object")), "(object)");
+    unsigned char byte = 'A';
+    EXPECT_EQ(Text(*set.GetProperty("object")) + Text(ZrvPropertyValue<unsigned char*>(&byte)), "(object)(bytes)");
     EXPECT_EQ(CountOf(*object.Get()), 2U) << "reading and printing give back what they take";
 }
 

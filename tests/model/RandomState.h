@@ -128,8 +128,8 @@ protected:
     }
 
     /// Does something with the real things, at last. Before that, when memory is to fail, each allocation of it fails
-    /// once: it goes through all the same, or the failure leaves it as an exception and everything is still as the models
-    /// say, but for the set that is the destination of a copy.
+    /// once: it goes through all the same, or the failure leaves it as an exception and everything is still as the
+    /// models say, but for the set that is the destination of a copy.
     template <class Operation>
     auto Do(const Operation& iOperation, Set* ioDestination = nullptr)
     {

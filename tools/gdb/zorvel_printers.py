@@ -98,6 +98,11 @@ def quoted(string):
     return f'"{escaped}"' if limit is None or len(escaped) <= limit else f'"{escaped[:limit]}"...'
 
 
+def list_elements(values):
+    """The elements of one of the platform's lists of strings."""
+    return [values["m_elements"][i] for i in range(int(values["m_size"]))]
+
+
 def vector_elements(vector):
     """The elements of a std::vector."""
     implementation = vector["_M_impl"]
@@ -266,10 +271,10 @@ class ListPrinter:
         self.value = value
 
     def to_string(self):
-        return sized(self.value, vector_elements(self.value["m_elements"]))
+        return sized(self.value, list_elements(self.value))
 
     def children(self):
-        for i, element in enumerate(vector_elements(self.value["m_elements"]), 1):
+        for i, element in enumerate(list_elements(self.value), 1):
             yield f"[{i}]", element
 
 
