@@ -8,6 +8,13 @@
 #define malloc_usable_size _msize
 #endif
 
+void OwnMemory::FailAt(long iAllocation, bool iAndEveryLaterOne)
+{
+    s_countdown = iAllocation;
+    s_failsOn = iAndEveryLaterOne;
+    s_failures = 0;
+}
+
 void* operator new(std::size_t iSize)
 {
     if (OwnMemory::s_countdown > 0 && --OwnMemory::s_countdown == 0) {

@@ -12,12 +12,8 @@ struct OwnMemory {
     static inline std::atomic<long> s_liveBytes{0};
 
     /// Lets the iAllocation-th allocation from now on fail, none if that is 0, and every later one too if wanted.
-    static void FailAt(long iAllocation, bool iAndEveryLaterOne)
-    {
-        s_countdown = iAllocation;
-        s_failsOn = iAndEveryLaterOne;
-        s_failures = 0;
-    }
+    /// Not in line, so that whoever calls it gets this operator new and not that of a sanitizer.
+    static void FailAt(long iAllocation, bool iAndEveryLaterOne);
 
     /// Ends that; returns how many allocations have failed since.
     static long Behave()
