@@ -6,7 +6,6 @@
 #include "KELText.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 
 /// The 32 bytes of a string that holds a text of up to 25 bytes, made at compile time from a literal.
@@ -220,7 +219,10 @@ private:
 
     KELText& Text() const noexcept
     {
-        return *reinterpret_cast<KELText*>(static_cast<std::uintptr_t>(m_form.m_words[0]));
+        KELText* text = nullptr;
+        static_assert(sizeof(text) == sizeof(Word)); // NOLINT(bugprone-sizeof-expression): of the pointer
+        std::memcpy(&text, m_form.m_words, sizeof(Word));
+        return *text;
     }
 
     bool IsIdentical(const KELUnicodeString& iOther) const noexcept

@@ -155,7 +155,7 @@ void KELUnicodeString::SetText(KELText* iText) noexcept
 {
     RemoveHolder();
     m_form = KELShortText();
-    m_form.m_words[0] = reinterpret_cast<std::uintptr_t>(iText);
+    std::memcpy(m_form.m_words, &iText, sizeof(Word));
     m_form.m_words[3] = kLong;
 }
 

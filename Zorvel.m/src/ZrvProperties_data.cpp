@@ -36,11 +36,11 @@ ZrvPropertiesData::~ZrvPropertiesData()
     // What goes may use this set. It finds an empty one; what it adds goes with the next round.
     while (m_pPrototype || m_propertyMap.Size() > 0) {
         ZrvPropertiesContents contents;
-        GiveUpAll_Int(contents);
+        MoveOut_Int(contents);
     }
 }
 
-void ZrvPropertiesData::GiveUpAll_Int(ZrvPropertiesContents& oGivenUp)
+void ZrvPropertiesData::MoveOut_Int(ZrvPropertiesContents& oGivenUp)
 {
     oGivenUp.prototype = std::move(m_pPrototype);
     if (m_propertyMap.MoveAllTo(oGivenUp.map)) {
@@ -50,7 +50,7 @@ void ZrvPropertiesData::GiveUpAll_Int(ZrvPropertiesContents& oGivenUp)
     }
 }
 
-void ZrvPropertiesData::TakeAll_Int(ZrvPropertiesContents& ioContents)
+void ZrvPropertiesData::MoveIn_Int(ZrvPropertiesContents& ioContents)
 {
     m_pPrototype = std::move(ioContents.prototype);
     if (ioContents.map.MoveAllTo(m_propertyMap)) {

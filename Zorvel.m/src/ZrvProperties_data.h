@@ -103,8 +103,8 @@ private:
 
     /// Move everything out of the set, which is then free and empty, or into such a set. Call no host.
     /// @{
-    void GiveUpAll_Int(ZrvPropertiesContents& oGivenUp) KEL_REQUIRES(m_mutex);
-    void TakeAll_Int(ZrvPropertiesContents& ioContents) KEL_REQUIRES(m_mutex);
+    void MoveOut_Int(ZrvPropertiesContents& oGivenUp) KEL_REQUIRES(m_mutex);
+    void MoveIn_Int(ZrvPropertiesContents& ioContents) KEL_REQUIRES(m_mutex);
     /// @}
 
     /// The property of that name, or null.

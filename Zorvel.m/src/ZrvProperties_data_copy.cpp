@@ -26,7 +26,7 @@ ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource)
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     copy.prototype = iSource.m_pPrototype;
     iSource.CopyAllTo_Int(copy, false);
-    TakeAll_Int(copy);
+    MoveIn_Int(copy);
 }
 
 ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource)
@@ -44,8 +44,8 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     if (isCopied) {
         iSource.CopyAllTo_Int(copy, true);
     }
-    GiveUpAll_Int(old);
-    TakeAll_Int(copy);
+    MoveOut_Int(old);
+    MoveIn_Int(copy);
     if (!isCopied) {
         static_cast<void>(SetFromProperties_Int(iSource, givenUp)); // an assignment has no result
     }

@@ -80,9 +80,9 @@ ZrvProperty* ZrvProperty::Duplicate() const
         KELReference<KELSysTSBaseUnknown> object = GetObject();
         copy->SwapObject(object);
     }
-    copy->SetParameters(CopyParameters());
+    copy->SetParameters(CopyParameters()); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): owned from here on
     copy->SetPrototype(m_pPropertyPrototype);
-    return copy.release(); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the caller deletes it
+    return copy.release();
 }
 
 std::unique_ptr<ZrvProperties> ZrvProperty::CopyParameters() const
