@@ -95,7 +95,7 @@ TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)
         outermost = KELReference<ZrvPrototypeImpl>::Adopt(outer);
     }
     outermost = nullptr;
-    EXPECT_LT(std::labs(static_cast<const char*>(__builtin_frame_address(0)) - frame), 20000);
+    EXPECT_LT(std::llabs(static_cast<const char*>(__builtin_frame_address(0)) - frame), 20000);
 }
 
 } // namespace
