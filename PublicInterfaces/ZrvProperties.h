@@ -52,7 +52,8 @@ class ZrvPropertiesData;
 /// Each may use, fill and assign any set. An operation looks up anew what it has asked about, and an object that goes
 /// finds the set as the operation left it. Prototypes, values and overrides may throw; the handler, `AddRef` and
 /// `Release` may not. None may destroy the set, leave by `longjmp`, or wait for a thread that uses the set. A handler
-/// takes no mutex under which other threads use the set, and guards itself when its own calls can fail.
+/// takes no mutex under which other threads use the set, and guards itself when its own calls can fail. A call-back
+/// that uses another shared set takes that set's lock while it holds this one's: order them as you order mutexes.
 class ZRV_API ZrvProperties {
 public:
     /// How a set answers for a name.
