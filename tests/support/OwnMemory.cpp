@@ -33,6 +33,16 @@ void* operator new(std::size_t iSize)
     return memory;
 }
 
+// The one of a fuzzer's run time would not fit the `delete` below.
+void* operator new(std::size_t iSize, const std::nothrow_t& /*iTag*/) noexcept
+{
+    try {
+        return ::operator new(iSize);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* iMemory) noexcept
 {
     if (iMemory) {
