@@ -171,12 +171,14 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
     if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "propertyType.GetLengthInChar()>0")) {
         return ZrvRC::zrvEC_Error;
     }
-    ioGivenUp.MakeRoom(1);
+    ioGivenUp.MakeRoom(2);
     ZrvConstPropertiesPrototype* const nested = prototype->GetPropertyPrototype(iPropertyName);
     ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(nested));
     ZrvProperty::Prototype propertyPrototype(nested);
     // What has been answered counts no more if the set follows another prototype by now.
-    return OkIf(m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype));
+    const bool isAdded = m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
+    ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(propertyPrototype.Detach()));
+    return OkIf(isAdded);
 }
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
