@@ -3,10 +3,12 @@
 
 #include "KELExport.h"
 #include "KELHashSalt.h"
+#include "KELInline.h"
 #include "KELText.h"
 
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 
 /// The 32 bytes of a string that holds a text of up to 25 bytes, made at compile time from a literal.
 ///
@@ -169,7 +171,7 @@ public:
 
     /// Whether both texts are identical.
     /// @{
-    friend bool operator==(const KELUnicodeString& iLeft, const KELUnicodeString& iRight) noexcept
+    KEL_ALWAYS_INLINE friend bool operator==(const KELUnicodeString& iLeft, const KELUnicodeString& iRight) noexcept
     {
         return iLeft.IsIdentical(iRight);
     }
@@ -192,20 +194,16 @@ private:
     // A number of bytes that no text inside has: the first word is then the address of a KELText.
     static constexpr Word kLong = Word{0xFF} << KELShortText::kLengthShift;
 
-    struct Part {
-        const char* bytes;
-        std::size_t length;
-    };
-
-    Part AsPart() const noexcept { return {ConvertToChar(), LengthInBytes()}; }
+    std::string_view View() const noexcept { return {ConvertToChar(), LengthInBytes()}; }
     static std::size_t CheckedLength(std::size_t iFirst, std::size_t iSecond, std::size_t iThird = 0);
     static KELText* MakeText(std::size_t iCapacity);
-    static KELText* MakeText(const Part& iFirst, const Part& iSecond, const Part& iThird, std::size_t iCapacity);
-    static KELShortText MakeShort(const Part& iFirst, const Part& iSecond, const Part& iThird) noexcept;
+    static KELText* MakeText(std::string_view iFirst, std::string_view iSecond, std::string_view iThird,
+                             std::size_t iCapacity);
+    static KELShortText MakeShort(std::string_view iFirst, std::string_view iSecond, std::string_view iThird) noexcept;
     static void Destroy(KELText* iText) noexcept;
 
-    void Join(const Part& iFirst, const Part& iSecond, const Part& iThird);
-    KELUnicodeString& AppendParts(const Part& iFirst, const Part& iSecond);
+    void Join(std::string_view iFirst, std::string_view iSecond, std::string_view iThird);
+    KELUnicodeString& AppendViews(std::string_view iFirst, std::string_view iSecond);
     void SetText(KELText* iText) noexcept;
     std::size_t ByteOffset(int iPosition) const noexcept;
     bool SortsBefore(const KELUnicodeString& iOther) const noexcept;
@@ -225,7 +223,7 @@ private:
         return *text;
     }
 
-    bool IsIdentical(const KELUnicodeString& iOther) const noexcept
+    KEL_ALWAYS_INLINE bool IsIdentical(const KELUnicodeString& iOther) const noexcept
     {
         return m_form.IsSame(iOther.m_form) || (IsLong() && iOther.IsLong() && IsSameText(iOther));
     }

@@ -11,32 +11,31 @@ namespace {
 using Word = KELUtf8::Word;
 
 // Up to 25 bytes as a few loads and stores of fixed sizes, which overlap; a call would cost more.
-inline void CopyShort(char* oTo, const char* iFrom, std::size_t iLength) noexcept
+inline void CopyShort(char* oTo, std::string_view iFrom) noexcept
 {
-    if (iLength >= 16) {
-        std::memcpy(oTo, iFrom, 16);
+    const char* const from = iFrom.data();
+    const std::size_t length = iFrom.size();
+    if (length >= 16) {
+        std::memcpy(oTo, from, 16);
         char tail[16];
-        std::memcpy(tail, iFrom + iLength - 16, 16);
-        std::memcpy(oTo + iLength - 16, tail, 16);
-    } else if (iLength >= 8) {
-        std::memcpy(oTo, iFrom, 8);
-        std::memcpy(oTo + iLength - 8, iFrom + iLength - 8, 8);
-    } else if (iLength >= 4) {
-        std::memcpy(oTo, iFrom, 4);
-        std::memcpy(oTo + iLength - 4, iFrom + iLength - 4, 4);
-    } else if (iLength > 0) {
-        oTo[0] = iFrom[0];
-        oTo[iLength / 2] = iFrom[iLength / 2];
-        oTo[iLength - 1] = iFrom[iLength - 1];
+        std::memcpy(tail, from + length - 16, 16);
+        std::memcpy(oTo + length - 16, tail, 16);
+    } else if (length >= 8) {
+        std::memcpy(oTo, from, 8);
+        std::memcpy(oTo + length - 8, from + length - 8, 8);
+    } else if (length >= 4) {
+        std::memcpy(oTo, from, 4);
+        std::memcpy(oTo + length - 4, from + length - 4, 4);
+    } else if (length > 0) {
+        oTo[0] = from[0];
+        oTo[length / 2] = from[length / 2];
+        oTo[length - 1] = from[length - 1];
     }
 }
 
-char* CopyBytes(char* oTo, const char* iFrom, std::size_t iLength) noexcept
+char* CopyBytes(char* oTo, std::string_view iFrom) noexcept
 {
-    if (iLength > 0) {
-        std::memcpy(oTo, iFrom, iLength);
-    }
-    return oTo + iLength;
+    return std::copy(iFrom.begin(), iFrom.end(), oTo);
 }
 
 // Finds every place where one text's bytes stand in another, overlapping ones included, in one walk over both.
@@ -98,25 +97,27 @@ KELText* KELUnicodeString::MakeText(std::size_t iCapacity)
     return ::new (::operator new(sizeof(KELText) + iCapacity + 1)) KELText(static_cast<KELUINT32>(iCapacity));
 }
 
-KELText* KELUnicodeString::MakeText(const Part& iFirst, const Part& iSecond, const Part& iThird, std::size_t iCapacity)
+KELText* KELUnicodeString::MakeText(std::string_view iFirst, std::string_view iSecond, std::string_view iThird,
+                                    std::size_t iCapacity)
 {
     KELText* const text = MakeText(iCapacity);
-    char* end = CopyBytes(text->Bytes(), iFirst.bytes, iFirst.length);
-    end = CopyBytes(end, iSecond.bytes, iSecond.length);
-    end = CopyBytes(end, iThird.bytes, iThird.length);
+    char* end = CopyBytes(text->Bytes(), iFirst);
+    end = CopyBytes(end, iSecond);
+    end = CopyBytes(end, iThird);
     *end = '\0';
     text->m_length = static_cast<KELUINT32>(end - text->Bytes());
     return text;
 }
 
-KELShortText KELUnicodeString::MakeShort(const Part& iFirst, const Part& iSecond, const Part& iThird) noexcept
+KELShortText KELUnicodeString::MakeShort(std::string_view iFirst, std::string_view iSecond,
+                                         std::string_view iThird) noexcept
 {
     char bytes[KELShortText::kLongest + 1] = {};
-    const std::size_t two = iFirst.length + iSecond.length;
-    CopyShort(bytes, iFirst.bytes, iFirst.length);
-    CopyShort(bytes + iFirst.length, iSecond.bytes, iSecond.length);
-    CopyShort(bytes + two, iThird.bytes, iThird.length);
-    return KELUnicodeString(bytes, two + iThird.length).m_form;
+    const std::size_t two = iFirst.size() + iSecond.size();
+    CopyShort(bytes, iFirst);
+    CopyShort(bytes + iFirst.size(), iSecond);
+    CopyShort(bytes + two, iThird);
+    return KELUnicodeString(bytes, two + iThird.size()).m_form;
 }
 
 void KELUnicodeString::Destroy(KELText* iText) noexcept
@@ -132,16 +133,16 @@ KELUnicodeString::KELUnicodeString(const char* iText, std::size_t iLength)
         return;
     }
     char* const room = reinterpret_cast<char*>(m_form.m_words);
-    CopyShort(room, iText, iLength);
+    CopyShort(room, {iText, iLength});
     constexpr Word kNotAscii = 0x8080808080808080U;
     const Word all = m_form.m_words[0] | m_form.m_words[1] | m_form.m_words[2] | m_form.m_words[3];
     m_form.Seal(iLength, (all & kNotAscii) == 0 ? static_cast<int>(iLength) : KELUtf8::Count(room, iLength));
 }
 
 // Shows a new text of these parts, which may lie in the old one.
-void KELUnicodeString::Join(const Part& iFirst, const Part& iSecond, const Part& iThird)
+void KELUnicodeString::Join(std::string_view iFirst, std::string_view iSecond, std::string_view iThird)
 {
-    const std::size_t length = CheckedLength(iFirst.length, iSecond.length, iThird.length);
+    const std::size_t length = CheckedLength(iFirst.size(), iSecond.size(), iThird.size());
     if (length <= KELShortText::kLongest) {
         m_form = MakeShort(iFirst, iSecond, iThird);
         return;
@@ -164,49 +165,49 @@ KELUnicodeString& KELUnicodeString::Append(const KELUnicodeString& iText)
     if (LengthInBytes() == 0) {
         return *this = iText;
     }
-    return AppendParts(iText.AsPart(), {});
+    return AppendViews(iText.View(), {});
 }
 
 KELUnicodeString& KELUnicodeString::Append(const KELUnicodeString& iFirst, const KELUnicodeString& iSecond)
 {
-    return AppendParts(iFirst.AsPart(), iSecond.AsPart());
+    return AppendViews(iFirst.View(), iSecond.View());
 }
 
-KELUnicodeString& KELUnicodeString::AppendParts(const Part& iFirst, const Part& iSecond)
+KELUnicodeString& KELUnicodeString::AppendViews(std::string_view iFirst, std::string_view iSecond)
 {
-    const Part old = AsPart();
-    const std::size_t length = CheckedLength(old.length, iFirst.length, iSecond.length);
+    const std::string_view old = View();
+    const std::size_t length = CheckedLength(old.size(), iFirst.size(), iSecond.size());
     if (length <= KELShortText::kLongest) {
         m_form = MakeShort(old, iFirst, iSecond);
         return *this;
     }
-    if (length == old.length) {
+    if (length == old.size()) {
         return *this;
     }
-    const std::size_t tail = KELUtf8::IncompleteTail(old.bytes, old.length);
+    const std::size_t tail = KELUtf8::IncompleteTail(old.data(), old.size());
     const int characters = GetLengthInChar() - static_cast<int>(tail);
     if (!IsLong() || !Text().m_holders.IsUnique() || Text().m_capacity < length) {
         constexpr std::size_t kLongest = std::numeric_limits<int>::max();
-        SetText(MakeText(old, iFirst, iSecond, std::min(std::max(length, 2 * old.length), kLongest)));
+        SetText(MakeText(old, iFirst, iSecond, std::min(std::max(length, 2 * old.size()), kLongest)));
     } else {
-        char* const end = CopyBytes(Text().Bytes() + old.length, iFirst.bytes, iFirst.length);
-        *CopyBytes(end, iSecond.bytes, iSecond.length) = '\0';
+        char* const end = CopyBytes(Text().Bytes() + old.size(), iFirst);
+        *CopyBytes(end, iSecond) = '\0';
         Text().m_length = static_cast<KELUINT32>(length);
         Text().m_hash.store(0, std::memory_order_relaxed);
     }
-    const std::size_t counted = old.length - tail;
+    const std::size_t counted = old.size() - tail;
     Text().m_characters = characters + KELUtf8::Count(Text().Bytes() + counted, length - counted);
     return *this;
 }
 
 KELUnicodeString& KELUnicodeString::Insert(int iPosition, const KELUnicodeString& iText)
 {
-    const Part old = AsPart();
+    const std::string_view old = View();
     const std::size_t offset = ByteOffset(iPosition);
-    if (offset == old.length) {
+    if (offset == old.size()) {
         return Append(iText);
     }
-    Join({old.bytes, offset}, iText.AsPart(), {old.bytes + offset, old.length - offset});
+    Join(old.substr(0, offset), iText.View(), old.substr(offset));
     return *this;
 }
 
@@ -215,8 +216,8 @@ int KELUnicodeString::SearchSubString(const KELUnicodeString& iText, int iStart,
     if (iMode != 1 || iStart < 0 || iStart > GetLengthInChar()) {
         return -1;
     }
-    const std::string_view text(ConvertToChar(), LengthInBytes());
-    const std::string_view wanted(iText.ConvertToChar(), iText.LengthInBytes());
+    const std::string_view text = View();
+    const std::string_view wanted = iText.View();
     if (wanted.empty()) {
         return iStart;
     }
