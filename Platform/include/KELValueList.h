@@ -44,6 +44,7 @@ protected:
 
 private:
     static T* Allocate(int iCount);
+    void Grow();
 
     const T& NoElement(int iPosition) const;
     void MoveTo(T* iElements, int iCapacity) noexcept;
