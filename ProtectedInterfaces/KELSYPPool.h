@@ -67,10 +67,12 @@ public:
     /// Owns an object that was released from its owner.
     Owner Own(T* iObject) noexcept { return Owner(iObject, Deleter{this}); }
 
-    /// Makes room for iCount more objects in one chunk. Throws `std::bad_alloc`.
+    /// Makes room for iCount more objects in one chunk, unless the two that would come by themselves cost less: each of
+    /// those is what allocators keep at hand. Throws `std::bad_alloc`.
     void Reserve(std::size_t iCount)
     {
-        if (iCount > static_cast<std::size_t>(m_end - m_next) / kBlock) {
+        const bool isTwoChunks = iCount > kFewestBlocks && iCount <= 2 * kFewestBlocks;
+        if (!isTwoChunks && iCount > static_cast<std::size_t>(m_end - m_next) / kBlock) {
             AddChunk(iCount);
         }
     }

@@ -38,7 +38,7 @@ public:
         : m_hash(iHash), m_equal(iEqual), m_saltedHash(iSaltedHash)
     {
         if (iExpected > 0) {
-            MakeFirstRoom((std::max)(static_cast<std::size_t>(iExpected), kFirstElements));
+            MakeFirstRoom((std::max)(static_cast<std::size_t>(iExpected), kFirstSlots));
         }
     }
 
@@ -80,7 +80,7 @@ public:
     /// The element at iIndex, from 0 to `Size() - 1`; null for any other index.
     void* Get(int iIndex) const { return iIndex >= 0 && iIndex < Size() ? At(iIndex).element : nullptr; }
 
-    int Size() const { return static_cast<int>(m_elements.size()); }
+    int Size() const { return m_size; }
 
     /// Makes an empty table a copy of another with the same functions: with its order, hashes and chains, and with an
     /// element that iReplace makes of each. Throws what iReplace throws, with the elements made before.
@@ -90,8 +90,9 @@ public:
     /// Exchanges the elements of two tables that have the same functions.
     void Swap(KELSysSimpleHashTable& ioOther) noexcept
     {
-        m_elements.swap(ioOther.m_elements);
-        m_heads.swap(ioOther.m_heads);
+        m_slots.swap(ioOther.m_slots);
+        std::swap(m_size, ioOther.m_size);
+        std::swap(m_buckets, ioOther.m_buckets);
         std::swap(m_mask, ioOther.m_mask);
         std::swap(m_isSalted, ioOther.m_isSalted);
         std::swap(m_salt, ioOther.m_salt);
@@ -102,30 +103,37 @@ public:
 
 private:
     static constexpr int kNone = -1;
-    static constexpr std::size_t kFirstElements = 16;
-    static constexpr std::size_t kBucketsPerElement = 2;
+    static constexpr std::size_t kFirstSlots = 16;
+    static constexpr std::size_t kBucketsPerSlot = 2;
     static constexpr int kLongestChain = 32; // that honest hashes can make, with two buckets for each element
 
-    struct Element {
+    // Room for an element, and two buckets, which have nothing to do with it: so all lies in one array.
+    struct Slot {
         void* element;
-        unsigned int hash; // salted in a salted table
-        int next;          // index of the next element of the same bucket
+        unsigned int hash;          // salted in a salted table
+        int next;                   // index of the next element of the same bucket
+        int heads[kBucketsPerSlot]; // of each bucket the index of its first element
     };
 
-    const Element& At(int iIndex) const { return m_elements[static_cast<std::size_t>(iIndex)]; }
-    Element& At(int iIndex) { return m_elements[static_cast<std::size_t>(iIndex)]; }
+    const Slot& At(int iIndex) const { return m_slots[static_cast<std::size_t>(iIndex)]; }
+    Slot& At(int iIndex) { return m_slots[static_cast<std::size_t>(iIndex)]; }
 
-    // Buckets beyond the last power of two exist only as far as they have been split off.
-    std::size_t Bucket(unsigned int iHash) const
+    int& Head(std::size_t iBucket) { return m_slots[iBucket / kBucketsPerSlot].heads[iBucket % kBucketsPerSlot]; }
+
+    // The first element of a hash's bucket. Buckets beyond the last power of two exist only as far as they have been
+    // split off.
+    const int& HeadOf(unsigned int iHash) const
     {
-        const std::size_t bucket = iHash & m_mask;
-        return bucket < m_heads.size() ? bucket : bucket & (m_mask >> 1U);
+        const std::size_t own = iHash & m_mask;
+        const std::size_t bucket = own < m_buckets ? own : own & (m_mask >> 1U);
+        return m_slots[bucket / kBucketsPerSlot].heads[bucket % kBucketsPerSlot];
     }
+    int& HeadOf(unsigned int iHash) { return const_cast<int&>(std::as_const(*this).HeadOf(iHash)); }
 
     template <class IsProbe>
     int FindInChain(unsigned int iHash, const IsProbe& iIsProbe) const
     {
-        int index = m_heads[Bucket(iHash)];
+        int index = HeadOf(iHash);
         while (index != kNone && !(At(index).hash == iHash && iIsProbe(At(index).element))) {
             index = At(index).next;
         }
@@ -136,7 +144,7 @@ private:
     template <class IsProbe>
     int Find(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
     {
-        if (m_heads.empty()) {
+        if (m_buckets == 0) {
             return kNone;
         }
         const int index = FindInChain(iHash, iIsProbe);
@@ -145,14 +153,14 @@ private:
 
     void Link(int iIndex)
     {
-        int& head = m_heads[Bucket(At(iIndex).hash)];
+        int& head = HeadOf(At(iIndex).hash);
         At(iIndex).next = head;
         head = iIndex;
     }
 
-    void MakeFirstRoom(std::size_t iElements);
+    void MakeFirstRoom(std::size_t iSlots);
     void MakeRoom();
-    void AddBucket();
+    void FillBucket(std::size_t iBucket);
     void AddSalt();
     void LinkAll();
     int& LinkTo(int iIndex);
@@ -160,9 +168,10 @@ private:
     HashFunction m_hash;
     EqualFunction m_equal;
     SaltedHashFunction m_saltedHash;
-    std::vector<Element> m_elements;
-    std::vector<int> m_heads; // per bucket the index of its first element
-    std::size_t m_mask = 0;   // the least 2^n - 1 that covers every bucket
+    std::vector<Slot> m_slots; // the elements first, then room
+    int m_size = 0;            // in elements
+    std::size_t m_buckets = 0; // in use, of all slots
+    std::size_t m_mask = 0;    // the least 2^n - 1 that covers every bucket
     bool m_isSalted = false;
     KELHashSalt m_salt;
 };
@@ -172,7 +181,7 @@ void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, co
 {
     unsigned int hash = m_isSalted ? m_saltedHash(iElement, m_salt) : iHash;
     int length = 0;
-    for (int i = m_heads.empty() ? kNone : m_heads[Bucket(hash)]; i != kNone; i = At(i).next, ++length) {
+    for (int i = m_buckets == 0 ? kNone : HeadOf(hash); i != kNone; i = At(i).next, ++length) {
         if (At(i).hash == hash && iIsElement(At(i).element)) {
             return At(i).element;
         }
@@ -184,25 +193,27 @@ void* KELSysSimpleHashTable::InsertHashed(void* iElement, unsigned int iHash, co
     if (Size() == (std::numeric_limits<int>::max)()) {
         return nullptr;
     }
-    if (m_elements.size() == m_elements.capacity() || m_heads.size() < (m_elements.size() + 1) * kBucketsPerElement) {
+    if (static_cast<std::size_t>(m_size) == m_slots.size()) {
         MakeRoom();
     }
-    m_elements.push_back({iElement, hash, kNone});
-    Link(Size() - 1);
+    At(m_size).element = iElement;
+    At(m_size).hash = hash;
+    Link(m_size++);
     return iElement;
 }
 
 template <class Replace>
 void KELSysSimpleHashTable::CopyFrom(const KELSysSimpleHashTable& iOther, const Replace& iReplace)
 {
-    m_elements.reserve(iOther.m_elements.size());
-    m_heads = iOther.m_heads;
+    m_slots = iOther.m_slots;
+    m_buckets = iOther.m_buckets;
     m_mask = iOther.m_mask;
     m_isSalted = iOther.m_isSalted;
     m_salt = iOther.m_salt;
     try {
-        for (const Element& element : iOther.m_elements) {
-            m_elements.push_back({iReplace(element.element), element.hash, element.next});
+        while (m_size < iOther.m_size) {
+            At(m_size).element = iReplace(At(m_size).element);
+            ++m_size;
         }
     } catch (...) {
         LinkAll(); // no chain leads to an element that is not there
@@ -222,56 +233,53 @@ inline void* KELSysSimpleHashTable::Remove(void* iProbe)
     const int last = Size() - 1;
     if (index != last) {
         LinkTo(last) = index;
-        At(index) = At(last);
+        At(index).element = At(last).element;
+        At(index).hash = At(last).hash;
+        At(index).next = At(last).next;
     }
-    m_elements.pop_back();
-    if (m_elements.empty() && m_elements.capacity() > kFirstElements) {
+    m_size = last;
+    if (m_size == 0 && m_slots.size() > kFirstSlots) {
         RemoveAll();
     }
     return removed;
 }
 
-inline void KELSysSimpleHashTable::MakeFirstRoom(std::size_t iElements)
+inline void KELSysSimpleHashTable::MakeFirstRoom(std::size_t iSlots)
 {
-    const std::size_t buckets = iElements * kBucketsPerElement;
-    m_elements.reserve(iElements);
-    m_heads.reserve(buckets * 3 / 2); // never grows together with the elements
-    m_heads.assign(buckets, kNone);
+    m_slots.resize(iSlots, {nullptr, 0, kNone, {kNone, kNone}});
+    m_buckets = iSlots * kBucketsPerSlot;
     m_mask = 1;
-    while (m_mask < buckets - 1) {
+    while (m_mask < m_buckets - 1) {
         m_mask = m_mask * 2 + 1;
     }
 }
 
-// Everything that an insertion allocates, so that it can be refused before anything has changed.
+// All that an insertion allocates, so that it can be refused before anything has changed.
 inline void KELSysSimpleHashTable::MakeRoom()
 {
-    if (m_heads.empty()) {
-        MakeFirstRoom(kFirstElements);
+    if (m_slots.empty()) {
+        MakeFirstRoom(kFirstSlots);
+        return;
     }
-    if (m_elements.size() == m_elements.capacity()) {
-        m_elements.reserve((std::max)(kFirstElements, m_elements.capacity() * 2));
-    }
-    while (m_heads.size() < (m_elements.size() + 1) * kBucketsPerElement) {
-        AddBucket();
+    m_slots.push_back({nullptr, 0, kNone, {kNone, kNone}});
+    for (std::size_t i = 0; i < kBucketsPerSlot; ++i) {
+        FillBucket(m_buckets++);
     }
 }
 
 // Splits the bucket that has stood in for the new one.
-inline void KELSysSimpleHashTable::AddBucket()
+inline void KELSysSimpleHashTable::FillBucket(std::size_t iBucket)
 {
-    const std::size_t added = m_heads.size();
-    m_heads.push_back(kNone);
-    if (added > m_mask) {
+    if (iBucket > m_mask) {
         m_mask = m_mask * 2 + 1;
     }
-    int* link = &m_heads[added & (m_mask >> 1U)];
+    int* link = &Head(iBucket & (m_mask >> 1U));
     while (*link != kNone) {
         const int index = *link;
-        if ((At(index).hash & m_mask) == added) {
+        if ((At(index).hash & m_mask) == iBucket) {
             *link = At(index).next;
-            At(index).next = m_heads[added];
-            m_heads[added] = index;
+            At(index).next = Head(iBucket);
+            Head(iBucket) = index;
         } else {
             link = &At(index).next;
         }
@@ -282,16 +290,18 @@ inline void KELSysSimpleHashTable::AddSalt()
 {
     m_salt = KELHashSalt::Make();
     m_isSalted = true;
-    for (Element& element : m_elements) {
-        element.hash = m_saltedHash(element.element, m_salt);
+    for (int i = 0; i < m_size; ++i) {
+        At(i).hash = m_saltedHash(At(i).element, m_salt);
     }
     LinkAll();
 }
 
 inline void KELSysSimpleHashTable::LinkAll()
 {
-    std::fill(m_heads.begin(), m_heads.end(), kNone);
-    for (int i = 0; i < Size(); ++i) {
+    for (std::size_t i = 0; i < m_buckets; ++i) {
+        Head(i) = kNone;
+    }
+    for (int i = 0; i < m_size; ++i) {
         Link(i);
     }
 }
@@ -299,7 +309,7 @@ inline void KELSysSimpleHashTable::LinkAll()
 // The link, in a bucket or in another element, that leads to the element at iIndex.
 inline int& KELSysSimpleHashTable::LinkTo(int iIndex)
 {
-    int* link = &m_heads[Bucket(At(iIndex).hash)];
+    int* link = &HeadOf(At(iIndex).hash);
     while (*link != iIndex) {
         link = &At(*link).next;
     }

@@ -11,12 +11,12 @@ NAMESPACE = "{http://schemas.microsoft.com/vstudio/debugger/natvis/2010}"
 INSTANCES = {  # of what the view says for all instances of a template
     "KELValueList<*>": ("KELUnicodeString",),
     "KELReference<*>": ("KELSysTSBaseUnknown",),
+    "ZrvPropertyValue<*>": ("float",),
     "KELSYPHashMap<*,*>": ("KELUnicodeString", "ZrvProperty*"),
 }
 # Members of Visual C++'s standard library, and what stands for them in a portable one.
 STANDARD_MEMBERS = [
-    ("m_elements._Mypair._Myval2._Myfirst", "m_elements.data()"),
-    ("m_elements._Mypair._Myval2._Mylast", "m_elements.end().base()"),
+    ("m_slots._Mypair._Myval2._Myfirst", "m_slots.data()"),
     ("._Mypair._Myval2", ".get()"),
 ]
 CODE = {"Item", "ExpandedItem", "Size", "ValuePointer", "StringView", "SmartPointer", "Exec"}

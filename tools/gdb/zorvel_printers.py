@@ -103,14 +103,6 @@ def list_elements(values):
     return [values["m_elements"][i] for i in range(int(values["m_size"]))]
 
 
-def vector_elements(vector):
-    """The elements of a std::vector."""
-    implementation = vector["_M_impl"]
-    first = implementation["_M_start"]
-    for i in range(int(implementation["_M_finish"] - first)):
-        yield (first + i).dereference()
-
-
 def float_elements(floats):
     elements = floats["m_elements"]
     if is_null(elements):
@@ -194,7 +186,9 @@ def owned(value, member, name):
 def map_entries(keyed_map, value_name):
     """Keys and values of a KELSYPHashMap, sorted by key as a reader looks for them."""
     entry = known_type(f"KELSYPHashMapPair<KELUnicodeString, {value_name}>").pointer()
-    entries = [element["element"].cast(entry) for element in vector_elements(keyed_map["m_table"]["m_elements"])]
+    table = keyed_map["m_table"]
+    slots = table["m_slots"]["_M_impl"]["_M_start"]
+    entries = [slots[i]["element"].cast(entry) for i in range(int(table["m_size"]))]
     return sorted(((one["key"], one["value"]) for one in entries), key=lambda pair: text_bytes(pair[0]))
 
 
