@@ -27,8 +27,7 @@ public:
     /// The declared type name; empty for a name that is not declared.
     virtual const KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const = 0;
 
-    /// The declared type; `zrvPT_Undefined` for a name that is not declared and for a type name that is none of the
-    /// nine.
+    /// The declared type; `zrvPT_Undefined` for a name that is not declared and for an unknown type name.
     virtual ZrvPropertyType GetPropertyAsType(const KELUnicodeString& iPropertyName) const = 0;
 
     /// The nested prototype with a reference added for the caller, who releases it; null when there is none and for a

@@ -97,7 +97,7 @@ public:
     virtual KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const;
 
     /// Adds a property to a free set. Adding one that the set holds succeeds and changes nothing, its type included.
-    /// \param iPropertyType one of the nine type names
+    /// \param iPropertyType a type name of `ZRV_PROPERTY_TYPES`
     /// \param iPropertyPrototype the nested prototype or null; borrowed, and kept with a reference of its own
     /// \return an error, mostly with a trace that says why, for a bound set, a missing name or type name and an unknown
     /// type name

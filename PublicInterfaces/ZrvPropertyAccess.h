@@ -52,7 +52,8 @@
 /// const auto title = ZrvReadProperty<KELUnicodeString>(set, kTitle, "untitled");
 /// const KELReference<KELSysTSBaseUnknown> stream = ZrvReadProperty<KELSysTSBaseUnknown*>(set, kStream);
 /// \endcode
-/// \tparam T one of the nine types; named by the caller, since a default of another type would say the wrong one
+/// \tparam T a type of `ZRV_PROPERTY_TYPES`; named by the caller, since a default of another type would say the wrong
+/// one
 template <class T>
 typename ZrvPropertyReader<T>::Result
 ZrvReadProperty(const ZrvProperties& iSet, const KELUnicodeString& iPropertyName,
@@ -193,7 +194,7 @@ inline ZrvRC ZrvPublishProperty(ZrvProperties& ioSet, const KELUnicodeString& iP
 }
 /// @}
 
-/// One declaration: a name, one of the nine types and, for a structured property, its nested prototype, which is
+/// One declaration: a name, a type and, for a structured property, its nested prototype, which is
 /// borrowed.
 struct ZrvPropertyDeclaration {
     KELUnicodeString name;                            ///< The property's name.

@@ -5,12 +5,11 @@
 #include "ZrvExport.h"
 
 /// \file
-/// The nine types of values.
-///
-/// One table says all about them.
+/// The types of values.
 
-/// The table: `X(id, name, type)` with the enumerator's ending, the type name that prototypes and
-/// callers exchange, and the C++ type that a value holds. The order gives the enumerators their numbers from 0.
+/// The table of the types, which says all about them: `X(id, name, type)` with the enumerator's ending, the type name
+/// that prototypes and callers exchange, and the C++ type that a value holds. The order gives the enumerators their
+/// numbers from 0.
 #define ZRV_PROPERTY_TYPES(X)                                                                                          \
     X(BytePtr, "bytePtr", unsigned char*)                                                                              \
     X(UnicodeString, "KELUnicodeString", KELUnicodeString)                                                             \
@@ -22,7 +21,7 @@
     X(FloatList, "floatList", KELRawCollfloat)                                                                         \
     X(BaseUnknownPtr, "KELSysTSBaseUnknownPtr", KELSysTSBaseUnknown*)
 
-/// A type of value: `zrvPT_BytePtr` is 0, `zrvPT_BaseUnknownPtr` 8, and `zrvPT_Undefined` stands for none of the nine.
+/// A type of value: `zrvPT_BytePtr` is 0, `zrvPT_BaseUnknownPtr` 8, and `zrvPT_Undefined` stands for none of them.
 enum ZrvPropertyType : KELINT32 {
 #define ZRV_ENUMERATOR(id, name, type) zrvPT_##id,
     ZRV_PROPERTY_TYPES(ZRV_ENUMERATOR)

@@ -18,7 +18,7 @@ public:
     ZrvPropertyTypeConv& operator=(ZrvPropertyTypeConv&& iOther) noexcept;
     /// @}
 
-    /// Returns the type name, such as "KELINT32". A value that is none of the nine types yields an empty string.
+    /// Returns the type name, such as "KELINT32". A value that is no type yields an empty string.
     static KELUnicodeString GetAsUnicode(ZrvPropertyType iType);
 
     /// Returns the type of that exact name. An unknown name yields `zrvPT_Undefined`.

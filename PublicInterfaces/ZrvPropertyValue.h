@@ -15,7 +15,7 @@
 #include <utility>
 
 /// \file
-/// The typed values: one class for each of the nine types.
+/// The typed values: one class for each type of `ZRV_PROPERTY_TYPES`.
 ///
 /// \code
 /// set.SetProperty("width", ZrvPropertyValue<KELUINT32>(1920));
@@ -26,12 +26,12 @@
 /// }
 /// \endcode
 
-/// Which of the nine types holds a T; for any other T, a message of the compiler that says what to use.
+/// Which type of values holds a T; for a T that none holds, a message of the compiler that says what to use.
 template <class T>
 struct ZrvPropertyTypeOf {
     static_assert(
         sizeof(T) == 0,
-        "T is none of the nine types of values: a bool is kept as KELBoolean, a number as KELINT32, "
+        "T is none of the types of values: a bool is kept as KELBoolean, a number as KELINT32, "
         "KELUINT32, float or double, a text as KELUnicodeString, a list as KELRawCollfloat, bytes as unsigned "
         "char*, an object of any class as KELSysTSBaseUnknown*");
 
@@ -48,7 +48,7 @@ ZRV_PROPERTY_TYPES(ZRV_TYPE_OF)
 #undef ZRV_TYPE_OF
 /// \endcond
 
-/// A value of one of the nine types T.
+/// A value of type T, one of `ZRV_PROPERTY_TYPES`.
 ///
 /// Strings and lists are owned; a byte pointer is an address and nothing more; an object pointer holds one reference on
 /// the object while it is not null. The type never changes. Thread-compatible.

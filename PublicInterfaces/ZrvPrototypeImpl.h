@@ -63,8 +63,10 @@ protected:
 private:
     friend class ZrvPropertiesData; // reads a declaration at once where others ask three questions
 
-    // The prototype if it is of exactly this class, so that its definitions are all that it answers; else null.
-    static const ZrvPrototypeImpl* OfExactly(const ZrvConstPropertiesPrototype& iPrototype);
+    // What a prototype of exactly this class declares under a name; null for a name that it does not declare, and for
+    // any other prototype, which has answers of its own.
+    static const ZrvPropertyDefinition* Declared(const ZrvConstPropertiesPrototype& iPrototype,
+                                                 const KELUnicodeString& iPropertyName);
 
     std::unique_ptr<KELSYPHashMap<KELUnicodeString, ZrvPropertyDefinition>> m_properties;
 };

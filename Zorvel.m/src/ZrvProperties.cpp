@@ -14,12 +14,8 @@ bool CheckData(const std::unique_ptr<ZrvPropertiesData>& iData, int iLine = __bu
     return g_check.IsThere(iData != nullptr, "m_PropertiesData", iLine);
 }
 
-// A derived set may list what it likes; of a set of exactly this class the data tell it without a list.
-bool ListsNothing(const ZrvProperties& iProperties, const ZrvPropertiesData& iData)
+bool ListsNothing(const ZrvProperties& iProperties)
 {
-    if (ZrvIsExactly<ZrvProperties>(iProperties)) {
-        return !iData.HasNames();
-    }
     KELListValKELUnicodeString names;
     return iProperties.GetListProperties(names) == 0;
 }
@@ -129,10 +125,14 @@ ZrvRC ZrvProperties::SetFromProperties(const ZrvProperties& iPropertiesValues)
     if (&iPropertiesValues == this) {
         return ZrvRC::zrvEC_NothingDone;
     }
-    if (ListsNothing(iPropertiesValues, *iPropertiesValues.m_PropertiesData)) {
+    // Nothing listed is nothing to copy, and a success. A derived set may list what it likes; of a set of exactly this
+    // class the data tell it without a list.
+    const bool isExact = ZrvIsExactly<ZrvProperties>(iPropertiesValues);
+    if (!isExact && ListsNothing(iPropertiesValues)) {
         return ZrvRC::zrvEC_OK;
     }
-    return m_PropertiesData->SetFromProperties(*iPropertiesValues.m_PropertiesData);
+    return m_PropertiesData->SetFromProperties(*iPropertiesValues.m_PropertiesData,
+                                               isExact ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error);
 }
 
 const ZrvPropertyValueBase* ZrvProperties::GetProperty(const KELUnicodeString& iPropertyName) const

@@ -1,6 +1,5 @@
 #include "ZrvProperties_data.h"
 
-#include "ZrvCheck.h"
 #include "ZrvLock.h"
 #include "ZrvPropertyDefinition.h"
 #include "ZrvPrototypeImpl.h"
@@ -9,22 +8,9 @@
 
 namespace {
 
-constexpr ZrvCheck g_check("ZrvProperties_data");
-
-ZrvRC Failure(const char* iTrace)
-{
-    return ZrvRC(ZrvRC::zrvEC_Error, iTrace);
-}
-
 ZrvRC OkIf(bool iSucceeded)
 {
     return iSucceeded ? ZrvRC::zrvEC_OK : ZrvRC::zrvEC_Error;
-}
-
-bool IsAvailable(ZrvProperties::PropertyAvailability iAvailability, int iLine = __builtin_LINE())
-{
-    return g_check.Holds(iAvailability != ZrvProperties::zrvPA_Unavailable,
-                         "ZrvProperties::zrvPA_Unavailable!=propertyAvailability", iLine);
 }
 
 } // namespace
@@ -64,20 +50,15 @@ ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) 
     return property ? *property : nullptr;
 }
 
-const ZrvPrototypeImpl* ZrvPropertiesData::PlainPrototype_Int() const
+const ZrvPropertyDefinition* ZrvPropertiesData::Declared_Int(const KELUnicodeString& iPropertyName) const
 {
-    return m_pPrototype ? ZrvPrototypeImpl::OfExactly(*m_pPrototype.Get()) : nullptr;
+    return m_pPrototype ? ZrvPrototypeImpl::Declared(*m_pPrototype.Get(), iPropertyName) : nullptr;
 }
 
 bool ZrvPropertiesData::IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const
 {
-    if (!m_pPrototype) {
-        return true;
-    }
-    if (const ZrvPrototypeImpl* const prototype = PlainPrototype_Int()) {
-        return prototype->GetPropertyDefinition(iPropertyName) != nullptr;
-    }
-    return ioGivenUp.Hold(m_pPrototype.Get())->HasProperty(iPropertyName).IsValid();
+    return !m_pPrototype || Declared_Int(iPropertyName) ||
+           ioGivenUp.Hold(m_pPrototype.Get())->HasProperty(iPropertyName).IsValid();
 }
 
 bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
@@ -106,7 +87,7 @@ bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, c
 ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const KELUnicodeString& iPropertyName,
                                                                            ZrvGivenUp& ioGivenUp) const
 {
-    if (!g_check.HasName(iPropertyName)) {
+    if (!kCheck.HasName(iPropertyName)) {
         return ZrvProperties::zrvPA_Unavailable;
     }
     if (ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName)) {
@@ -118,38 +99,38 @@ ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const
 ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                          ZrvProperty::Prototype& ioPropertyPrototype, ZrvGivenUp& ioGivenUp)
 {
-    if (!g_check.Holds(!m_pPrototype, "!m_pPrototype")) {
-        return Failure("AddProperty: Wrong call, should not have prototype.");
+    if (!kCheck.Holds(!m_pPrototype, "!m_pPrototype")) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: Wrong call, should not have prototype.");
     }
-    if (!g_check.HasName(iPropertyName)) {
-        return Failure("AddProperty: Missing propertyName");
+    if (!kCheck.HasName(iPropertyName)) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: Missing propertyName");
     }
-    if (!g_check.HasTypeName(iPropertyType)) {
-        return Failure("AddProperty: Missing propertyType");
+    if (!kCheck.HasTypeName(iPropertyType)) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: Missing propertyType");
     }
     const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
-    if (!IsAvailable(propertyAvailability)) {
-        return Failure("AddProperty: property not available");
+    if (!kCheck.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable,
+                      "ZrvProperties::zrvPA_Unavailable!=propertyAvailability")) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: property not available");
     }
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
         return ZrvRC::zrvEC_OK;
     }
     if (!Instantiate_Int(iPropertyName, iPropertyType, ioPropertyPrototype)) {
-        return Failure("AddProperty: property not instanciated");
+        return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: property not instanciated");
     }
-    if (!g_check.IsThere(m_propertyMap.Locate(iPropertyName) != nullptr, "ppProperty")) {
-        return Failure("AddProperty: property not retrieved.");
+    if (!kCheck.IsThere(m_propertyMap.Locate(iPropertyName) != nullptr, "ppProperty")) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: property not retrieved.");
     }
     return ZrvRC::zrvEC_OK;
 }
 
 ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp)
 {
-    if (!g_check.IsThere(static_cast<bool>(m_pPrototype), "m_pPrototype") || !g_check.HasName(iPropertyName)) {
+    if (!kCheck.IsThere(static_cast<bool>(m_pPrototype), "m_pPrototype") || !kCheck.HasName(iPropertyName)) {
         return ZrvRC::zrvEC_Error;
     }
-    const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
-    const ZrvPropertyDefinition* const declared = prototype ? prototype->GetPropertyDefinition(iPropertyName) : nullptr;
+    const ZrvPropertyDefinition* const declared = Declared_Int(iPropertyName);
     if (declared && !declared->PeekPrototype()) {
         ZrvProperty::Prototype none;
         return OkIf(Instantiate_Int(iPropertyName, declared->PeekType(), none));
@@ -161,14 +142,15 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
 {
     ZrvConstPropertiesPrototype* const prototype = ioGivenUp.Hold(m_pPrototype.Get());
     const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
-    if (!IsAvailable(propertyAvailability)) {
+    if (!kCheck.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable,
+                      "ZrvProperties::zrvPA_Unavailable!=propertyAvailability")) {
         return ZrvRC::zrvEC_Error;
     }
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
         return ZrvRC::zrvEC_OK;
     }
     const KELUnicodeString propertyType = prototype->GetPropertyType(iPropertyName);
-    if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "propertyType.GetLengthInChar()>0")) {
+    if (!kCheck.Holds(propertyType.GetLengthInChar() > 0, "propertyType.GetLengthInChar()>0")) {
         return ZrvRC::zrvEC_Error;
     }
     ioGivenUp.MakeRoom(2);
@@ -183,7 +165,7 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& iPropertyName) const
 {
-    if (!g_check.HasName(iPropertyName)) {
+    if (!kCheck.HasName(iPropertyName)) {
         return KELUnicodeString();
     }
     const ZrvProperty* property = Find_Int(iPropertyName);
@@ -193,7 +175,7 @@ KELUnicodeString ZrvPropertiesData::GetPropertyType_Int(const KELUnicodeString& 
 ZrvRC ZrvPropertiesData::SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue,
                                          ZrvValueHolder& oGivenUp)
 {
-    if (!g_check.HasName(iPropertyName) || !g_check.HasType(iValue)) {
+    if (!kCheck.HasName(iPropertyName) || !kCheck.HasType(iValue)) {
         return ZrvRC::zrvEC_Error;
     }
     const KELUnicodeString valueType = iValue.GetType();
@@ -268,22 +250,10 @@ int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) con
     return count;
 }
 
-bool ZrvPropertiesData::HasNames() const
-{
-    const ZrvLock lock(m_mutex);
-    for (int i = 0; i < m_propertyMap.Size(); ++i) {
-        const PropertyMap::Entry* const entry = m_propertyMap.At(i);
-        if (entry && entry->key.GetLengthInChar() > 0) {
-            return true;
-        }
-    }
-    return false;
-}
-
 const ZrvPropertyValueBase* ZrvPropertiesData::GetProperty(const KELUnicodeString& iPropertyName) const
 {
     const ZrvLock lock(m_mutex);
-    if (!g_check.HasName(iPropertyName)) {
+    if (!kCheck.HasName(iPropertyName)) {
         return nullptr;
     }
     const ZrvProperty* property = Find_Int(iPropertyName);
@@ -299,11 +269,11 @@ KELUnicodeString ZrvPropertiesData::GetPropertyType(const KELUnicodeString& iPro
 ZrvProperties* ZrvPropertiesData::GetPropertyParameters(const KELUnicodeString& iPropertyName) const
 {
     const ZrvLock lock(m_mutex);
-    if (!g_check.HasName(iPropertyName)) {
+    if (!kCheck.HasName(iPropertyName)) {
         return nullptr;
     }
     ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName);
-    if (!g_check.IsThere(property != nullptr, "ppProperty") || !g_check.IsThere(*property != nullptr, "*ppProperty")) {
+    if (!kCheck.IsThere(property != nullptr, "ppProperty") || !kCheck.IsThere(*property != nullptr, "*ppProperty")) {
         return nullptr;
     }
     ZrvProperties* parameters = nullptr;

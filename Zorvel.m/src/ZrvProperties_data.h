@@ -1,11 +1,13 @@
 #ifndef ZrvProperties_data_H
 #define ZrvProperties_data_H
 
+#include "KELInline.h"
 #include "KELListValKELUnicodeString.h"
 #include "KELMutex.h"
 #include "KELReference.h"
 #include "KELThreadSafety.h"
 #include "KELUnicodeString.h"
+#include "ZrvCheck.h"
 #include "ZrvConstPropertiesPrototype.h"
 #include "ZrvGivenUp.h"
 #include "ZrvProperties.h"
@@ -13,7 +15,7 @@
 #include "ZrvPropertyValueBase.h"
 #include "ZrvRC.h"
 
-class ZrvPrototypeImpl;
+class ZrvPropertyDefinition;
 
 /// The data behind one property set: the properties by name, the prototype and the lock.
 ///
@@ -42,9 +44,6 @@ public:
     ZrvProperties::PropertyAvailability GetAvailability(const KELUnicodeString& iPropertyName) const;
     int HasProperty(const KELUnicodeString& iPropertyName) const;
     int GetListProperties(KELListValKELUnicodeString& ioList) const;
-
-    /// Whether `GetListProperties` would add any.
-    bool HasNames() const;
     const ZrvPropertyValueBase* GetProperty(const KELUnicodeString& iPropertyName) const;
     KELUnicodeString GetPropertyType(const KELUnicodeString& iPropertyName) const;
     ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;
@@ -54,10 +53,14 @@ public:
     /// Does what `SetProperty` does, if the set holds the name with a value of exactly that class; else
     /// `zrvEC_NothingDone`. The short cut of nearly all calls: such a value passes every check on the long way.
     ZrvRC::ErrorCode AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
-    ZrvRC SetFromProperties(const ZrvPropertiesData& iSource);
+
+    /// \param iOfNothing what it returns for a source without properties
+    ZrvRC SetFromProperties(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing);
 
 private:
     using PropertyMap = ZrvPropertiesContents::Map;
+
+    static constexpr ZrvCheck kCheck{"ZrvProperties_data"}; // the file that reports name, for both sources
 
     ZrvRC AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                           ZrvProperty::Prototype& ioPropertyPrototype, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
@@ -73,7 +76,7 @@ private:
     /// report, for any other class.
     ZrvRC SwapValue_Int(const KELUnicodeString& iPropertyName, ZrvValueHolder& ioValue) KEL_REQUIRES(m_mutex);
 
-    ZrvRC SetFromProperties_Int(const ZrvPropertiesData& iSource, ZrvGivenUp& ioGivenUp)
+    ZrvRC SetFromProperties_Int(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing, ZrvGivenUp& ioGivenUp)
         KEL_REQUIRES(m_mutex, iSource.m_mutex);
     ZrvRC CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
     ZrvRC CopyProperty_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
@@ -94,8 +97,8 @@ private:
     const ZrvProperty* FindSource_Int(int iIndex, const PropertyMap::Entry& iCopy) const KEL_REQUIRES(m_mutex);
     /// @}
 
-    /// Whether each entry has a name and a value of one of the nine classes, so that all can be copied at once; and
-    /// whether, then, each has the type that a plain prototype declares, so that an assignment may do so.
+    /// Whether each entry has a name and a value of a class in the table of classes, so that all can be copied at once;
+    /// and whether, then, each has the type that `Declared_Int` gives, so that an assignment may do so.
     /// @{
     bool IsWhole_Int() const KEL_REQUIRES(m_mutex);
     bool IsAsDeclared_Int() const KEL_REQUIRES(m_mutex);
@@ -110,14 +113,16 @@ private:
     /// The property of that name, or null.
     ZrvProperty* Find_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
 
-    /// The property with the name of another set's entry, if it has the same class of value; iIndex guesses where.
-    ZrvProperty* FindLike_Int(const PropertyMap::Entry& iSource, int iIndex) const KEL_REQUIRES(m_mutex);
+    /// The property with the name of another set's entry, if it has the same class of value. iIndex guesses where;
+    /// when it is not there, ioIsInPlace becomes false.
+    KEL_ALWAYS_INLINE ZrvProperty* FindLike_Int(const PropertyMap::Entry& iSource, int iIndex, bool& ioIsInPlace) const
+        KEL_REQUIRES(m_mutex);
 
-    /// The prototype if it is of exactly the library's class, which can be read at once; null for any other, which has
-    /// answers of its own, and for a free set.
-    const ZrvPrototypeImpl* PlainPrototype_Int() const KEL_REQUIRES(m_mutex);
+    /// What the prototype declares under a name, if it is of exactly the library's class: this needs no call to the
+    /// host. Null says nothing.
+    const ZrvPropertyDefinition* Declared_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
 
-    /// Whether the prototype allows the name; a free set allows any.
+    /// Whether the prototype allows the name; a free set allows any. May call the host.
     bool IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
 
     /// Makes a default property and puts it under a name, unless there is one; false for an unknown type name and none.
@@ -126,7 +131,7 @@ private:
     bool Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                          ZrvProperty::Prototype& ioPropertyPrototype) KEL_REQUIRES(m_mutex);
 
-    ZrvPropertiesContents::Pool m_propertyPool KEL_GUARDED_BY(m_mutex); // where the properties lie
+    ZrvPropertiesContents::Pool m_propertyPool KEL_GUARDED_BY(m_mutex); // where the properties lie, and stay
     PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex);
     KELReference<ZrvConstPropertiesPrototype> m_pPrototype KEL_GUARDED_BY(m_mutex);
     mutable KELMutex m_mutex{0, 1, 0};

@@ -1,4 +1,3 @@
-#include "ZrvCheck.h"
 #include "ZrvLock.h"
 #include "ZrvProperties_data.h"
 #include "ZrvPropertyDefinition.h"
@@ -8,17 +7,6 @@
 #include <utility>
 
 // What copies between two sets.
-
-namespace {
-
-constexpr ZrvCheck g_check("ZrvProperties_data"); // reports do not tell the class's two sources apart
-
-ZrvRC Failure(const char* iTrace)
-{
-    return ZrvRC(ZrvRC::zrvEC_Error, iTrace);
-}
-
-} // namespace
 
 ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource)
 {
@@ -47,7 +35,7 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     MoveOut_Int(old);
     MoveIn_Int(copy);
     if (!isCopied) {
-        static_cast<void>(SetFromProperties_Int(iSource, givenUp)); // an assignment has no result
+        static_cast<void>(SetFromProperties_Int(iSource, ZrvRC::zrvEC_Error, givenUp)); // an assignment has no result
     }
     return *this;
 }
@@ -65,15 +53,14 @@ bool ZrvPropertiesData::IsWhole_Int() const
 
 bool ZrvPropertiesData::IsAsDeclared_Int() const
 {
-    const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
-    for (int i = 0; prototype && i < m_propertyMap.Size(); ++i) {
+    for (int i = 0; m_pPrototype && i < m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry& entry = *m_propertyMap.At(i);
-        const ZrvPropertyDefinition* const declared = prototype->GetPropertyDefinition(entry.key);
+        const ZrvPropertyDefinition* const declared = Declared_Int(entry.key);
         if (!declared || declared->PeekType() != entry.value->ValueClass()->TypeName()) {
             return false;
         }
     }
-    return prototype || !m_pPrototype;
+    return true;
 }
 
 // First all names and plain values, while no host is called that could change this set; then, one by one, what is
@@ -89,7 +76,10 @@ void ZrvPropertiesData::CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssi
         return;
     }
     for (int i = 0; i < oCopy.map.Size(); ++i) {
-        CopyCounted_Int(i, *oCopy.map.At(i), iIsAssigned);
+        const PropertyMap::Entry* const source = m_propertyMap.At(i);
+        if (iIsAssigned || (source && source->value && source->value->HasCounted())) {
+            CopyCounted_Int(i, *oCopy.map.At(i), iIsAssigned);
+        }
     }
 }
 
@@ -126,8 +116,7 @@ void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iC
         source = FindSource_Int(iIndex, iCopy);
     }
     if (iIsAssigned) {
-        const ZrvPrototypeImpl* const prototype = PlainPrototype_Int();
-        const ZrvPropertyDefinition* const declared = prototype ? prototype->GetPropertyDefinition(iCopy.key) : nullptr;
+        const ZrvPropertyDefinition* const declared = Declared_Int(iCopy.key);
         if (declared && declared->PeekPrototype()) {
             iCopy.value->SetPrototype(ZrvProperty::Prototype(declared->PeekPrototype()));
         }
@@ -142,27 +131,32 @@ void ZrvPropertiesData::CopyCounted_Int(int iIndex, const PropertyMap::Entry& iC
     }
 }
 
-ZrvRC ZrvPropertiesData::SetFromProperties(const ZrvPropertiesData& iSource)
+ZrvRC ZrvPropertiesData::SetFromProperties(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing)
 {
     ZrvGivenUp givenUp;
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
-    return SetFromProperties_Int(iSource, givenUp);
+    return SetFromProperties_Int(iSource, iOfNothing, givenUp);
 }
 
-ZrvProperty* ZrvPropertiesData::FindLike_Int(const PropertyMap::Entry& iSource, int iIndex) const
+ZrvProperty* ZrvPropertiesData::FindLike_Int(const PropertyMap::Entry& iSource, int iIndex, bool& ioIsInPlace) const
 {
     // Sets that were filled alike have their names in the same places.
     const PropertyMap::Entry* const guessed = m_propertyMap.At(iIndex);
-    ZrvProperty* const held = guessed && guessed->key == iSource.key ? guessed->value : Find_Int(iSource.key);
-    return held && iSource.value && held->HasSameClass(*iSource.value) ? held : nullptr;
+    const bool isInPlace = guessed && guessed->key == iSource.key;
+    ZrvProperty* const held = isInPlace ? guessed->value : Find_Int(iSource.key);
+    const bool isLike = held && iSource.value && held->HasSameClass(*iSource.value);
+    ioIsInPlace = ioIsInPlace && isInPlace && isLike;
+    return isLike ? held : nullptr;
 }
 
-ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource, ZrvGivenUp& ioGivenUp)
+ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing,
+                                               ZrvGivenUp& ioGivenUp)
 {
     std::size_t objects = 0;
+    bool areInPlace = true; // all names with their classes, until the host is called
     for (int i = 0; i < iSource.m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const source = iSource.m_propertyMap.At(i);
-        const ZrvProperty* const held = source ? FindLike_Int(*source, i) : nullptr;
+        const ZrvProperty* const held = source ? FindLike_Int(*source, i, areInPlace) : nullptr;
         objects += held && held->HasObject() ? 1U : 0U;
         if (source && !held) {
             ZrvRC rc = CheckCopy_Int(*source, ioGivenUp);
@@ -172,23 +166,24 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource,
         }
     }
     ioGivenUp.MakeRoom(objects);
-    // A source without entries copies nothing, which is no success.
-    ZrvRC result = ZrvRC::zrvEC_Error;
+    ZrvRC::ErrorCode result = iOfNothing;
     for (int i = 0; i < iSource.m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const source = iSource.m_propertyMap.At(i);
         if (!source || !source->value || !source->value->GetValue()) {
             continue;
         }
-        ZrvProperty* const held = FindLike_Int(*source, i);
+        ZrvProperty* const held = areInPlace ? m_propertyMap.At(i)->value : FindLike_Int(*source, i, areInPlace);
         if (held && !held->HasObject()) {
             held->Assign(*source->value->GetValue());
             result = ZrvRC::zrvEC_OK;
             continue;
         }
-        result = CopyProperty_Int(*source, ioGivenUp);
-        if (result.IsError()) {
-            return result;
+        areInPlace = false;
+        ZrvRC rc = CopyProperty_Int(*source, ioGivenUp);
+        if (rc.IsError()) {
+            return rc;
         }
+        result = ZrvRC::zrvEC_OK;
     }
     return result;
 }
@@ -197,15 +192,15 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource,
 ZrvRC ZrvPropertiesData::CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGivenUp& ioGivenUp) const
 {
     const KELUnicodeString name = iSource.key;
-    if (!g_check.Holds(name.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
-        return Failure("Property without name.");
+    if (!kCheck.Holds(name.GetLengthInChar() > 0, "inputPropertyName.Compare(\"\")!=2")) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "Property without name.");
     }
     const KELUnicodeString propertyType = iSource.value ? iSource.value->GetType() : KELUnicodeString();
-    if (!g_check.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
-        return Failure("Property without type.");
+    if (!kCheck.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "Property without type.");
     }
-    if (!g_check.IsThere(iSource.value->GetValue() != nullptr, "pInputPropertyValue")) {
-        return Failure("Property without value.");
+    if (!kCheck.IsThere(iSource.value->GetValue() != nullptr, "pInputPropertyValue")) {
+        return ZrvRC(ZrvRC::zrvEC_Error, "Property without value.");
     }
     if (GetAvailability_Int(name, ioGivenUp) == ZrvProperties::zrvPA_Unavailable) {
         return ZrvRC::zrvEC_Error;
@@ -223,7 +218,7 @@ ZrvRC ZrvPropertiesData::CopyProperty_Int(const PropertyMap::Entry& iSource, Zrv
     ioGivenUp.MakeRoom(1);
     if (!rc.IsError()) {
         const bool isSet = !SwapValue_Int(name, value).IsError();
-        if (!g_check.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )")) {
+        if (!kCheck.Holds(isSet, "!( SetProperty_Int(propertyName_in,*(m_pValue_in)).IsError() )")) {
             rc = ZrvRC::zrvEC_Error;
         }
     }
@@ -242,5 +237,5 @@ ZrvRC ZrvPropertiesData::AddForCopy_Int(const KELUnicodeString& iPropertyName, c
     ZrvProperty::Prototype none;
     ZrvRC rc = m_pPrototype ? AddProperty_Int(iPropertyName, ioGivenUp)
                             : AddProperty_Int(iPropertyName, iValue->GetType(), none, ioGivenUp);
-    return g_check.Holds(!rc.IsError(), "!(rc.IsError())") ? ZrvRC::zrvEC_OK : Failure(rc.Dump());
+    return kCheck.Holds(!rc.IsError(), "!(rc.IsError())") ? ZrvRC::zrvEC_OK : ZrvRC(ZrvRC::zrvEC_Error, rc.Dump());
 }

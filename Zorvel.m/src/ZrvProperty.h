@@ -19,9 +19,6 @@ class ZrvProperty {
 public:
     using Prototype = KELReference<ZrvConstPropertiesPrototype>;
 
-    /// A property without a value; takes a reference on the prototype, which may be null.
-    explicit ZrvProperty(ZrvConstPropertiesPrototype* iPropertyPrototype);
-
     /// A property with the default value of a class. Calls no host.
     explicit ZrvProperty(const ZrvValueClass& iClass);
 
@@ -34,10 +31,6 @@ public:
     /// The value's type name; empty, after a report, without a value.
     virtual KELUnicodeString GetType() const;
 
-    /// A new property with copies of the value and the parameters, which the caller deletes; null, after a report,
-    /// without a value.
-    virtual ZrvProperty* Duplicate() const;
-
     /// Assigns a value of the same type; an error, after a report, for any other. A property without a value takes a
     /// duplicate, whatever its type.
     ZrvRC SetValue(const ZrvPropertyValueBase& iValue);
@@ -45,7 +38,7 @@ public:
     /// Reports what `SetValue` reports for a value of another type.
     static ZrvRC RefuseValue();
 
-    /// The class of the value if it is one of the nine; else null.
+    /// The class of the value if it is in the table of classes; else null.
     const ZrvValueClass* ValueClass() const { return m_value.Class(); }
 
     /// Whether a value is of exactly the same class as this one's. False says nothing.
@@ -75,6 +68,9 @@ public:
     /// Whether the value refers to an object, so that copying it may call the host.
     bool HasObject() const { return ValueClass() && ValueClass()->hasObjects; }
 
+    /// Whether a copy of the property counts anything, which may call the host.
+    bool HasCounted() const { return m_pPropertyPrototype || m_pParameters || HasObject(); }
+
     /// Exchanges the value with one of the same class. Calls no host.
     void SwapValue(ZrvValueHolder& ioValue) { m_value.Swap(ioValue); }
 
@@ -101,11 +97,20 @@ public:
     /// null.
     ZrvRC GetParameters(ZrvProperties** opProperties) const;
 
-    /// Makes a property with the default value of a type.
-    /// \param oProperty must be null; receives the property, which the caller deletes
-    /// \return an error for a type name that is none of the nine
+    /// A property by itself, which the caller deletes: without a value, with the default of a type, or a copy with all
+    /// that is counted. A set does not use these: its properties lie in its pool.
+    /// \param iPropertyPrototype may be null; the property takes a reference
+    /// @{
+    explicit ZrvProperty(ZrvConstPropertiesPrototype* iPropertyPrototype);
+
+    /// \param oProperty must be null; receives the property
+    /// \return an error for an unknown type name
     static ZrvRC CreateProperty(const KELUnicodeString& iPropertyType, ZrvProperty*& oProperty,
                                 ZrvConstPropertiesPrototype* iPropertyPrototype);
+
+    /// Null, after a report, without a value.
+    virtual ZrvProperty* Duplicate() const;
+    /// @}
 
 private:
     const ZrvValueClass::ObjectValue& ObjectValue() const

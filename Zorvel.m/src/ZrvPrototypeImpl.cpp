@@ -66,9 +66,12 @@ ZrvPrototypeImpl::~ZrvPrototypeImpl()
     m_properties->RemoveAll(); // while those that look back can still reach it
 }
 
-const ZrvPrototypeImpl* ZrvPrototypeImpl::OfExactly(const ZrvConstPropertiesPrototype& iPrototype)
+const ZrvPropertyDefinition* ZrvPrototypeImpl::Declared(const ZrvConstPropertiesPrototype& iPrototype,
+                                                        const KELUnicodeString& iPropertyName)
 {
-    return ZrvIsExactly<ZrvPrototypeImpl>(iPrototype) ? static_cast<const ZrvPrototypeImpl*>(&iPrototype) : nullptr;
+    return ZrvIsExactly<ZrvPrototypeImpl>(iPrototype)
+               ? static_cast<const ZrvPrototypeImpl&>(iPrototype).GetPropertyDefinition(iPropertyName)
+               : nullptr;
 }
 
 ZrvRC ZrvPrototypeImpl::GetListProperties(KELListValKELUnicodeString& ioList) const

@@ -109,7 +109,7 @@ const ZrvValueClass* ZrvValueClass::Find(const KELUnicodeString& iType)
 void ZrvValueHolder::MakeCopy(const ZrvValueHolder& iOther)
 {
     if (iOther.m_class) {
-        MakeCopy(*iOther.m_class, *iOther.m_value);
+        Place(*iOther.m_class, iOther.m_class->makeCopy(m_room, *iOther.m_value));
     } else if (iOther.m_value) {
         Take(iOther.m_value->Duplicate());
     }

@@ -15,8 +15,8 @@
 #include <typeinfo>
 #include <utility>
 
-/// What the library knows of one of the nine classes of values, in one table. The functions take values of that class;
-/// those that make one do so in a room of the caller's.
+/// What the library knows of one class of values, `ZrvPropertyValue<T>`, in one table. The functions take values of
+/// that class; those that make one do so in a room of the caller's.
 struct ZrvValueClass {
     const std::type_info* typeInfo;
 
@@ -38,11 +38,14 @@ struct ZrvValueClass {
 
     bool IsClassOf(const ZrvPropertyValueBase& iValue) const { return ZrvIsExactly(iValue, *typeInfo); }
 
-    /// The class of that type name; null for a name that is none of the nine.
+    /// The class of that type name; null for an unknown name.
     static const ZrvValueClass* Find(const KELUnicodeString& iType);
 };
 
-/// Owns a value: one of the nine classes in its own room, any other on the heap.
+/// Owns a value, or none: in its own room if its class is in the table, else on the heap.
+///
+/// A set has values in the room alone. One on the heap is a duplicate of a class of the host's own, which a property
+/// that was made without a value has taken.
 class ZrvValueHolder {
 public:
     ZrvValueHolder() noexcept = default;
@@ -59,15 +62,10 @@ public:
         }
     }
 
-    /// Give an empty holder its value: the default of a class, a copy of a value of exactly that class, a copy of
-    /// another holder's, what a value answers (none when it is not of the class), or one on the heap, which the holder
-    /// takes over.
+    /// Give an empty holder its value: the default of a class, a copy of another holder's, what a value answers (none
+    /// when it is not of the class), or one on the heap, which the holder takes over.
     /// @{
     void MakeDefault(const ZrvValueClass& iClass) { Place(iClass, iClass.makeDefault(m_room)); }
-    void MakeCopy(const ZrvValueClass& iClass, const ZrvPropertyValueBase& iValue)
-    {
-        Place(iClass, iClass.makeCopy(m_room, iValue));
-    }
     void MakeCopy(const ZrvValueHolder& iOther);
     void MakeUncounted(const ZrvValueHolder& iOther) // a copy, but without an object
     {
