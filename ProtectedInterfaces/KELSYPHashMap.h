@@ -45,7 +45,7 @@ public:
         return entry ? &entry->value : nullptr;
     }
 
-    int Contains(const K& iKey) const override { return Find(iKey) ? 1 : 0; }
+    KEL_ALWAYS_INLINE int Contains(const K& iKey) const override { return Find(iKey) ? 1 : 0; }
 
     int Size() const override { return m_table.Size(); }
 

@@ -1,6 +1,8 @@
 #ifndef KELSYPTableAccess_H
 #define KELSYPTableAccess_H
 
+#include "KELInline.h"
+
 #include <concepts>
 
 /// \file
@@ -39,7 +41,8 @@ struct KELSYPTableAccess {
     }
 
     template <class IsProbe>
-    static void* Locate(const Table& iTable, void* iProbe, unsigned int iHash, const IsProbe& iIsProbe)
+    KEL_ALWAYS_INLINE static void* Locate(const Table& iTable, void* iProbe, unsigned int iHash,
+                                          const IsProbe& iIsProbe)
     {
         if constexpr (KELSYPHashedTable<Table>) {
             return iTable.LocateHashed(iProbe, iHash, iIsProbe);

@@ -3,6 +3,7 @@
 #define KELSysSimpleHashTable_H
 
 #include "KELHashSalt.h"
+#include "KELInline.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -68,7 +69,7 @@ public:
 
     /// The same for a caller that has the probe's hash at hand and compares elements in its own way, in line.
     template <class IsProbe>
-    void* LocateHashed(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
+    KEL_ALWAYS_INLINE void* LocateHashed(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
     {
         const int index = Find(iProbe, iHash, iIsProbe);
         return index == kNone ? nullptr : At(index).element;
@@ -131,7 +132,7 @@ private:
     int& HeadOf(unsigned int iHash) { return const_cast<int&>(std::as_const(*this).HeadOf(iHash)); }
 
     template <class IsProbe>
-    int FindInChain(unsigned int iHash, const IsProbe& iIsProbe) const
+    KEL_ALWAYS_INLINE int FindInChain(unsigned int iHash, const IsProbe& iIsProbe) const
     {
         int index = HeadOf(iHash);
         while (index != kNone && !(At(index).hash == iHash && iIsProbe(At(index).element))) {
@@ -142,7 +143,7 @@ private:
 
     // A salted table is tried with the plain hash first, so that a hit in any other table costs nothing more.
     template <class IsProbe>
-    int Find(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
+    KEL_ALWAYS_INLINE int Find(void* iProbe, unsigned int iHash, const IsProbe& iIsProbe) const
     {
         if (m_buckets == 0) {
             return kNone;

@@ -104,7 +104,12 @@ public:
     /// @{
     KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept
     {
-        iOther.AddHolder();
+        if (iOther.IsLong()) {
+            if (m_form.IsSame(iOther.m_form)) {
+                return *this;
+            }
+            iOther.AddHolder();
+        }
         RemoveHolder();
         m_form = iOther.m_form;
         return *this;

@@ -44,12 +44,6 @@ void ZrvPropertiesData::MoveIn_Int(ZrvPropertiesContents& ioContents)
     }
 }
 
-ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) const
-{
-    ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName);
-    return property ? *property : nullptr;
-}
-
 const ZrvPropertyDefinition* ZrvPropertiesData::Declared_Int(const KELUnicodeString& iPropertyName) const
 {
     return m_pPrototype ? ZrvPrototypeImpl::Declared(*m_pPrototype.Get(), iPropertyName) : nullptr;
