@@ -22,12 +22,7 @@ ZrvProperty::ZrvProperty(const ZrvProperty& iOther)
     m_value.MakeUncounted(iOther.m_value);
 }
 
-ZrvProperty::~ZrvProperty()
-{
-    // The value and the parameters go before the prototype that describes them.
-    m_value.Reset();
-    m_pParameters.reset();
-}
+ZrvProperty::~ZrvProperty() = default;
 
 ZrvRC ZrvProperty::CreateProperty(const KELUnicodeString& iPropertyType, ZrvProperty*& oProperty,
                                   ZrvConstPropertiesPrototype* iPropertyPrototype)

@@ -118,9 +118,10 @@ private:
         return static_cast<const ZrvValueClass::ObjectValue&>(*m_value.get());
     }
 
-    ZrvValueHolder m_value;
-    std::unique_ptr<ZrvProperties> m_pParameters;
+    // Last here and first to go: the value and the parameters go before the prototype that describes them.
     Prototype m_pPropertyPrototype;
+    std::unique_ptr<ZrvProperties> m_pParameters;
+    ZrvValueHolder m_value;
 };
 
 #endif

@@ -121,12 +121,3 @@ void ZrvValueHolder::MakeAnswer(const ZrvValueClass& iClass, const ZrvPropertyVa
         Place(iClass, answer);
     }
 }
-
-void ZrvValueHolder::Destroy(const ZrvValueClass* iClass, ZrvPropertyValueBase* iValue) noexcept
-{
-    if (iClass) {
-        iValue->~ZrvPropertyValueBase();
-    } else {
-        delete iValue;
-    }
-}

@@ -58,7 +58,11 @@ public:
     {
         const ZrvValueClass* const valueClass = std::exchange(m_class, nullptr);
         if (ZrvPropertyValueBase* const value = std::exchange(m_value, nullptr)) {
-            Destroy(valueClass, value);
+            if (valueClass) {
+                value->~ZrvPropertyValueBase();
+            } else {
+                delete value;
+            }
         }
     }
 
@@ -111,8 +115,6 @@ private:
         m_value = iValue;
         m_class = &iClass;
     }
-
-    static void Destroy(const ZrvValueClass* iClass, ZrvPropertyValueBase* iValue) noexcept;
 
     ZrvPropertyValueBase* m_value = nullptr;
     const ZrvValueClass* m_class = nullptr;
