@@ -24,9 +24,7 @@ public:
     static bool IsLoaded(const std::string& iPath);
 
 private:
-    using AnyFunction = void (*)();
-
-    AnyFunction Find(const char* iName) const;
+    void* Find(const char* iName) const;
 
     void* m_handle;
 };

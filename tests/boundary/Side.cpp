@@ -4,6 +4,7 @@
 #include "RandomUse.h"
 
 #include <limits>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -44,12 +45,26 @@ class ThisSide final : public Side {
 public:
     Maker& Own() override { return m_maker; }
 
-    const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) override
+    const char* UseAtRandom(Maker& ioOther, int iSeed) override
     {
         try {
-            ::UseAtRandom(SeededChoices(iSeed), 1000, Trouble::Refusals, &ioOther);
+            ::UseAtRandom(SeededChoices(static_cast<std::uint64_t>(iSeed)), 1000, Trouble::Refusals, &ioOther);
         } catch (const std::logic_error& difference) {
             return (m_difference = difference.what()).c_str();
+        }
+        return "";
+    }
+
+    const char* PassValues(Maker& ioOther) override
+    {
+        for (int type = 0; type < zrvPT_Undefined; ++type) {
+            const ValueModel contents = DefaultValue(g_typeNames[type]);
+            const std::unique_ptr<ZrvPropertyValueBase> here(m_maker.MakeValue(contents, false));
+            const std::unique_ptr<ZrvPropertyValueBase> there(ioOther.MakeValue(contents, false));
+            const std::unique_ptr<ZrvPropertyValueBase> copy(there->Duplicate());
+            if (copy->SetValueFromProperty(*here).IsError() || !here->IsPurelyIdenticalTo(*copy)) {
+                return g_typeNames[type].ConvertToChar();
+            }
         }
         return "";
     }

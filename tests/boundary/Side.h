@@ -1,8 +1,6 @@
 #ifndef Side_H
 #define Side_H
 
-#include <cstdint>
-
 class Maker;
 
 /// What one module offers to another, which is built from the same sources and has its own copies of all that is
@@ -13,7 +11,10 @@ public:
     virtual Maker& Own() = 0;
 
     /// Uses what both makers make at random, and compares it with the model.
-    virtual const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) = 0;
+    virtual const char* UseAtRandom(Maker& ioOther, int iSeed) = 0;
+
+    /// Sets and deletes here what the other maker has made and duplicated, of each type.
+    virtual const char* PassValues(Maker& ioOther) = 0;
 
     /// Throws the standard allocation failure out of the platform library.
     virtual void RunOutOfMemory() = 0;
