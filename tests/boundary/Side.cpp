@@ -3,7 +3,6 @@
 #include "Maker.h"
 #include "RandomUse.h"
 
-#include <limits>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -15,17 +14,14 @@ namespace {
 /// The platform refuses a text of this length before it looks at one byte.
 void ThrowFromPlatform()
 {
-    const KELUnicodeString text("", static_cast<std::size_t>(std::numeric_limits<int>::max()) + 1);
+    const KELUnicodeString text("", std::size_t{1} << 31U);
 }
 
 /// Fails when a set asks it, which the set does under its lock.
-class ExhaustedPrototype : public ZrvPrototypeImpl {
-public:
+struct ExhaustedPrototype : ZrvPrototypeImpl {
     ZrvRC HasProperty(const KELUnicodeString& iName) const override
     {
-        if (iName == "exhausting") {
-            ThrowFromPlatform();
-        }
+        iName == "exhausting" ? ThrowFromPlatform() : void();
         return ZrvPrototypeImpl::HasProperty(iName);
     }
 };

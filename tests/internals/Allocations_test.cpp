@@ -38,7 +38,7 @@ TEST(Allocations, NoneForAPropertyThatIsThere)
             EXPECT_TRUE(set.SetProperty("a short name", ZrvPropertyValue<KELUnicodeString>("25 bytes lie in a string."))
                             .IsValid());
         };
-        EXPECT_EQ(Added(OwnMemory::s_allocations, use), 0) << type;
+        EXPECT_EQ(Added(OwnMemory::s_allocatedBytes, use), 0) << type;
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "ZrvPropertyValue.h"
 
+#include <algorithm>
 #include <variant>
 
 inline bool operator==(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight)
@@ -43,22 +44,21 @@ ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
 }
 
 /// The default value of a type; a value without a type for an unknown name.
-template <std::size_t Type = 0>
-ValueModel DefaultValue(const KELUnicodeString& iType)
+inline ValueModel DefaultValue(const KELUnicodeString& iType)
 {
-    if constexpr (Type == zrvPT_Undefined) {
-        return std::monostate();
-    } else if (iType != g_typeNames[Type]) {
-        return DefaultValue<Type + 1>(iType);
-    } else {
-        std::variant_alternative_t<Type, ValueModel> contents{};
-        if constexpr (Type == zrvPT_Boolean) {
-            contents = 1;
-        } else if constexpr (Type == zrvPT_FloatList) {
-            contents.Size(3, 0.0F);
-        }
-        return ValueModel(std::in_place_index<Type>, contents);
-    }
+    KELRawCollfloat zeros;
+    zeros.Size(3, 0.0F);
+    const ValueModel values[] = {static_cast<unsigned char*>(nullptr),
+                                 KELUnicodeString(),
+                                 KELBoolean(1),
+                                 KELINT32(0),
+                                 KELUINT32(0),
+                                 0.0F,
+                                 0.0,
+                                 zeros,
+                                 static_cast<KELSysTSBaseUnknown*>(nullptr),
+                                 std::monostate()};
+    return values[std::find(g_typeNames, g_typeNames + zrvPT_Undefined, iType) - g_typeNames];
 }
 
 #endif

@@ -6,9 +6,7 @@
 /// The memory of a program that has OwnMemory.cpp's operator new for its own. Allocations may be made to fail by a test
 /// that runs on one thread.
 struct OwnMemory {
-    static inline std::atomic<long> s_allocations{0};
     static inline std::atomic<long> s_allocatedBytes{0};
-    static inline std::atomic<long> s_liveBlocks{0};
     static inline std::atomic<long> s_liveBytes{0};
 
     /// Lets the iAllocation-th allocation from now on fail, none if that is 0, and every later one too if wanted.
