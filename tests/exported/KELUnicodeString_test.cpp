@@ -62,10 +62,10 @@ TEST(KELUnicodeString, CountsAndCompares)
     }
     for (const std::string& first : texts) {
         for (const std::string& second : texts) {
-            const int order = first == second ? 2 : first < second ? 0 : 1;
-            EXPECT_EQ(Show(first).Compare(Show(second)), order) << first << " and " << second;
-            EXPECT_TRUE((Show(first) == Show(second)) == (order == 2) && (Show(first) != Show(second)) == (order != 2));
-            EXPECT_EQ(Show(first).ComputeHashKey() == Show(second).ComputeHashKey(), order == 2);
+            const bool isSame = first == second;
+            EXPECT_EQ(Show(first).Compare(Show(second)), isSame ? 2 : first < second ? 0 : 1) << first << ' ' << second;
+            EXPECT_TRUE((Show(first) == Show(second)) == isSame && (Show(first) != Show(second)) != isSame);
+            EXPECT_EQ(Show(first).ComputeHashKey() == Show(second).ComputeHashKey(), isSame) << first << ' ' << second;
         }
     }
     EXPECT_EQ(KELUnicodeString(nullptr), KELUnicodeString());
@@ -79,20 +79,19 @@ TEST(KELUnicodeString, IsTheSameHoweverItIsPutTogether)
         const std::string all = Joined(Part(start, 40));
         for (std::size_t first = 0; first <= 27; ++first) {
             for (std::size_t second = 0; second <= 27; second += 1 + start % 3) {
-                const KELUnicodeString middle = Show(all.substr(first, second));
-                KELUnicodeString text = Show(all.substr(0, first));
+                const std::string head = all.substr(0, first);
+                const std::string middle = all.substr(first, second);
+                const std::string half = head + middle + "b" + middle;
+                KELUnicodeString text = Show(head);
                 KELUnicodeString other = text;
-                text.Append(middle);
+                text.Append(Show(middle));
                 const KELUnicodeString shared = text;
-                text.Append("b");
-                EXPECT_TRUE(IsSame(text, all.substr(0, first + second) + "b")) << first << ' ' << second << ' ' << all;
-                text.Append(middle);
-                text.Append(text);
+                EXPECT_TRUE(IsSame(text.Append("b"), head + middle + "b")) << first << ' ' << second << ' ' << all;
+                text.Append(Show(middle)).Append(text);
                 text = std::as_const(text);
-                const std::string half = all.substr(0, first + second) + "b" + all.substr(first, second);
                 EXPECT_TRUE(IsSame(text, half + half)) << first << ' ' << second << ' ' << all;
-                EXPECT_TRUE(IsSame(shared, all.substr(0, first + second))) << first << ' ' << second << ' ' << all;
-                EXPECT_TRUE(IsSame(other.Append(middle, "c"), all.substr(0, first + second) + "c"));
+                EXPECT_TRUE(IsSame(shared, head + middle) &&
+                            IsSame(other.Append(Show(middle), "c"), head + middle + "c"));
             }
         }
     }
