@@ -4,6 +4,7 @@
 #include "ZrvPropertyValue.h"
 
 #include <algorithm>
+#include <array>
 #include <variant>
 
 inline bool operator==(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight)
@@ -43,22 +44,21 @@ ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
     }
 }
 
+/// The value of one type out of one for each, the one without a type last.
+template <class... Values>
+ValueModel Chosen(std::ptrdiff_t iType, const Values&... iValues)
+{
+    return std::array<ValueModel, sizeof...(Values)>{iValues...}[static_cast<std::size_t>(iType)];
+}
+
 /// The default value of a type; a value without a type for an unknown name.
 inline ValueModel DefaultValue(const KELUnicodeString& iType)
 {
     KELRawCollfloat zeros;
     zeros.Size(3, 0.0F);
-    const ValueModel values[] = {static_cast<unsigned char*>(nullptr),
-                                 KELUnicodeString(),
-                                 KELBoolean(1),
-                                 KELINT32(0),
-                                 KELUINT32(0),
-                                 0.0F,
-                                 0.0,
-                                 zeros,
-                                 static_cast<KELSysTSBaseUnknown*>(nullptr),
-                                 std::monostate()};
-    return values[std::find(g_typeNames, g_typeNames + zrvPT_Undefined, iType) - g_typeNames];
+    return Chosen(std::find(g_typeNames, g_typeNames + zrvPT_Undefined, iType) - g_typeNames,
+                  static_cast<unsigned char*>(nullptr), KELUnicodeString(), KELBoolean(1), KELINT32(0), KELUINT32(0),
+                  0.0F, 0.0, zeros, static_cast<KELSysTSBaseUnknown*>(nullptr), std::monostate());
 }
 
 #endif

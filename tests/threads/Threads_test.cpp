@@ -10,6 +10,7 @@
 #include <functional>
 #include <future>
 #include <mutex>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -102,11 +103,10 @@ TEST(Threads, UseOneSetWithEveryOperation)
 /// Whether a set that no other thread uses is one of the two below, with nothing of the other.
 bool IsWhole(const ZrvProperties& iSet)
 {
-    int count = 0;
-    int sum = 0;
-    ZrvVisitProperties(iSet, [&](const KELUnicodeString& iName, const ZrvPropertyValueBase&) {
-        ++count;
-        sum += ZrvReadProperty<KELINT32>(iSet, iName);
+    KELListValKELUnicodeString names;
+    const int count = iSet.GetListProperties(names);
+    const int sum = std::accumulate(begin(names), end(names), 0, [&iSet](int iSum, const KELUnicodeString& iName) {
+        return iSum + ZrvReadProperty<KELINT32>(iSet, iName);
     });
     return (count == 3 && sum == 3) || (count == 9 && sum == 18);
 }
