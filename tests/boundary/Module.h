@@ -75,9 +75,7 @@ inline std::size_t PrivateMemory()
     GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters));
     return counters.PagefileUsage;
 #else
-    std::size_t total = 0;
-    std::size_t resident = 0;
-    std::size_t shared = 0;
+    std::size_t total = 0, resident = 0, shared = 0;
     std::ifstream("/proc/self/statm") >> total >> resident >> shared;
     return (resident - shared) * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 #endif

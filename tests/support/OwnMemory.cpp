@@ -23,9 +23,7 @@ void* operator new(std::size_t iSize)
         throw std::bad_alloc();
     }
     void* const memory = std::malloc(iSize);
-    if (!memory) {
-        throw std::bad_alloc();
-    }
+    memory ? void() : throw std::bad_alloc();
     OwnMemory::s_allocatedBytes += static_cast<long>(iSize);
     OwnMemory::s_liveBytes += static_cast<long>(malloc_usable_size(memory));
     return memory;

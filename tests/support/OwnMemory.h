@@ -14,11 +14,7 @@ struct OwnMemory {
     static void FailAt(long iAllocation, bool iAndEveryLaterOne);
 
     /// Ends that; returns how many allocations have failed since.
-    static long Behave()
-    {
-        s_countdown = 0;
-        return s_failures;
-    }
+    static long Behave() { return s_countdown = 0, s_failures; }
 
     static inline long s_countdown = 0;
     static inline bool s_failsOn = false;
