@@ -103,7 +103,7 @@ TEST(KELUnicodeString, InsertsAndFindsAtCharacters)
         const Characters text = Part(start, start % 2 == 0 ? 9 : 27);
         const KELUnicodeString real = Show(Joined(text));
         for (const Characters& part :
-             {Characters{}, {"a"}, Part(3, 7), {"\xC3"}, {"\xA9"}, {"\x80"}, Part(start + 2, 2)}) {
+             {Characters{}, {"a"}, Part(3, 7), {"\xC3"}, {"\xA9"}, {{'\0'}}, Part(start + 2, 2)}) {
             for (int position = -1; position <= static_cast<int>(text.size()) + 1; ++position) {
                 const auto offset = std::clamp<std::ptrdiff_t>(position, 0, std::ssize(text));
                 const auto found = std::search(text.begin() + offset, text.end(), part.begin(), part.end());
