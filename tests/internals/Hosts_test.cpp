@@ -78,6 +78,19 @@ TEST(Hosts, ASetMayTakeFromASetThatGoesWithWhatIsReplaced)
     }
 }
 
+TEST(Hosts, AnObjectMayEmptyTheSetThatCountsIt)
+{
+    struct Emptying : CountedObject {
+        KELUINT32 AddRef() override { return *emptied = ZrvProperties(), CountedObject::AddRef(); }
+        ZrvProperties own, *emptied = &own;
+    } object;
+    const ZrvPropertyValue<KELSysTSBaseUnknown*> value(&object);
+    ZrvProperties set;
+    ZrvPublishProperty<KELSysTSBaseUnknown*>(set, "object", nullptr);
+    object.emptied = &set;
+    EXPECT_TRUE(set.SetProperty("object", value).IsError() && !set.HasProperty("object"));
+}
+
 TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)
 {
     struct Innermost : ZrvPrototypeImpl {
