@@ -170,15 +170,3 @@ ZrvRC Y4mStream::ReadBytes(std::size_t& ioDone, std::size_t iSize)
     }
     return ZrvRC();
 }
-
-ZrvRC Y4mReadAll(std::istream& ioInput, KELINT32& oFrames)
-{
-    oFrames = 0;
-    KELReference<Y4mStream> stream;
-    ZrvRC rc = Y4mStream::Open(ioInput, stream);
-    while (rc == ZrvRC::zrvEC_OK) {
-        rc = stream->ReadFrame();
-        oFrames = stream->GetFrameCount();
-    }
-    return rc;
-}

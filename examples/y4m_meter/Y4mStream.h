@@ -50,8 +50,4 @@ private:
     std::vector<unsigned char> m_frame;
 };
 
-/// Reads a whole stream, header and frames, and keeps nothing of it.
-/// \param oFrames how many good frames it has, also when it fails behind them
-ZrvRC Y4mReadAll(std::istream& ioInput, KELINT32& oFrames);
-
 #endif

@@ -3,10 +3,9 @@
 #include "CountedObject.h"
 #include "ReportingTest.h"
 
-#include <sstream>
-
 namespace {
 
+using ::testing::PrintToString;
 using ZrvPropertyAccessTest = ReportingTest;
 
 /// A value of a caller's own class, which names a type.
@@ -19,12 +18,6 @@ struct Named : Base {
 
 const ZrvPropertyValue<float> g_half(0.5F);
 const Named g_liar("float", ZrvPropertyValueBase());
-
-template <class T>
-std::string Text(const T& iPrinted)
-{
-    return static_cast<std::ostringstream&&>(std::ostringstream() << iPrinted).str();
-}
 
 /// The type names that a value can be cast to.
 std::string Casts(const ZrvPropertyValueBase* iValue)
@@ -41,13 +34,14 @@ TEST_F(ZrvPropertyAccessTest, AValueIsCastToItsTypeWhenItsClassIsOfThatType)
 #define ADD_HELD(id, name, type) EXPECT_EQ(Answer(set.AddProperty(name, name, nullptr)), "ok");
     ZRV_PROPERTY_TYPES(ADD_HELD)
     ZrvVisitProperties(set, [&set](const KELUnicodeString& iName, const ZrvPropertyValueBase& iValue) {
-        EXPECT_EQ(Casts(&iValue), " " + Text(iName));
+        EXPECT_EQ(Casts(&iValue), " " + PrintToString(iName));
         EXPECT_EQ(ZrvReadProperty<float>(set, iName, 9), iName == "float" ? 0 : 9) << iName;
     });
     const Named renamed("double", g_half);
     const Named heir("float", g_half);
-    EXPECT_EQ(Casts(nullptr) + Casts(&g_liar) + Text(g_liar) + Casts(&renamed) + Text(renamed), "(unknown)(unknown)");
-    EXPECT_EQ(Casts(&heir) + Text(heir), " float0.5");
+    EXPECT_EQ(Casts(nullptr) + Casts(&g_liar) + PrintToString(g_liar) + Casts(&renamed) + PrintToString(renamed),
+              "(unknown)(unknown)");
+    EXPECT_EQ(Casts(&heir) + PrintToString(heir), " float0.5");
 }
 
 TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
@@ -84,21 +78,21 @@ TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
     EXPECT_NE(reports.Take(), "");
     EXPECT_EQ(Answer(ZrvAddDeclaredProperties(bound)), "error: odd: cannot be added as a colour");
     EXPECT_EQ(Answer(ZrvAddDeclaredProperties(set)), "error: the set has no prototype");
-    EXPECT_EQ(Text(bound), "ratio  float                   0.5\nwidth  KELUINT32               0\n");
+    EXPECT_EQ(PrintToString(bound), "ratio  float                   0.5\nwidth  KELUINT32               0\n");
     EXPECT_EQ(ZrvReadProperty<float>(set, "width") + ZrvReadProperty<float>(set, "more"), 1);
 }
 
 TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
 {
     ZrvProperties set;
-    EXPECT_EQ(Text(set), "(no properties)\n");
+    EXPECT_EQ(PrintToString(set), "(no properties)\n");
     EXPECT_EQ(Answer(set.AddProperty("list", "floatList", nullptr)), "ok");
     EXPECT_EQ(Answer(ZrvPublishProperty(set, "\xC3\xA9", "\"\\\n\xC3\xA9\x9B\xE2\x80\xAE\xC2\x9B\x7F")), "ok");
     EXPECT_EQ(Answer(ZrvPublishProperty<KELBoolean>(set, "a\nb", 2)), "ok");
-    EXPECT_EQ(Text(set), "a\\x0Ab  KELBoolean              true\nlist    floatList               [0 0 0]\n"
-                         "\xC3\xA9       KELUnicodeString        "
-                         "\"\\\"\\\\\\x0A\xC3\xA9\\x9B\\xE2\\x80\\xAE\\xC2\\x9B\\x7F\"\n");
-    EXPECT_EQ(Text(ZrvRC(static_cast<ZrvRC::ErrorCode>(2), "x")) + Text(KELUnicodeString("\n", 2)),
+    EXPECT_EQ(PrintToString(set), "a\\x0Ab  KELBoolean              true\nlist    floatList               [0 0 0]\n"
+                                  "\xC3\xA9       KELUnicodeString        "
+                                  "\"\\\"\\\\\\x0A\xC3\xA9\\x9B\\xE2\\x80\\xAE\\xC2\\x9B\\x7F\"\n");
+    EXPECT_EQ(PrintToString(ZrvRC(static_cast<ZrvRC::ErrorCode>(2), "x")) + PrintToString(KELUnicodeString("\n", 2)),
               std::string("error 2: x\n\0", 12));
     KELSysTSListOfUnicodeString names;
     names.PutBack("b");
@@ -108,7 +102,8 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
     EXPECT_EQ(Answer(ZrvPublishProperty(set, "object", object.Get())), "ok");
     EXPECT_EQ(CountOf(*ZrvReadProperty<KELSysTSBaseUnknown*>(set, "object").Get()), 3U);
     unsigned char byte = 'A';
-    EXPECT_EQ(Text(*set.GetProperty("object")) + Text(ZrvPropertyValue<unsigned char*>(&byte)), "(object)(bytes)");
+    EXPECT_EQ(PrintToString(*set.GetProperty("object")) + PrintToString(ZrvPropertyValue<unsigned char*>(&byte)),
+              "(object)(bytes)");
     EXPECT_EQ(CountOf(*object.Get()), 2U) << "reading and printing give back what they take";
 }
 

@@ -3,7 +3,7 @@
 #include "Maker.h"
 #include "RandomUse.h"
 
-#include <limits>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -11,61 +11,53 @@
 
 namespace {
 
-/// The platform refuses a text of this length before it looks at one byte.
-void ThrowFromPlatform()
-{
-    const KELUnicodeString text("", static_cast<std::size_t>(std::numeric_limits<int>::max()) + 1);
-}
-
-/// Fails when a set asks it, which the set does under its lock.
-class ExhaustedPrototype : public ZrvPrototypeImpl {
-public:
+/// Runs out of memory when a set asks it, which the set does under its lock.
+struct ExhaustedPrototype : ZrvPrototypeImpl {
     ZrvRC HasProperty(const KELUnicodeString& iName) const override
     {
-        if (iName == "exhausting") {
-            ThrowFromPlatform();
-        }
-        return ZrvPrototypeImpl::HasProperty(iName);
+        // The platform refuses a text of this length before it looks at one byte.
+        return iName == "sound" ? ZrvRC() : ZrvRC(ZrvRC::zrvEC_OK, KELUnicodeString("", std::size_t{1} << 31U));
     }
+    const KELUnicodeString GetPropertyType(const KELUnicodeString&) const override { return "float"; }
 };
-
-template <class Action>
-bool RunsOutOfMemory(Action iAction)
-{
-    try {
-        iAction();
-    } catch (const std::bad_alloc&) {
-        return true;
-    }
-    return false;
-}
 
 class ThisSide final : public Side {
 public:
     Maker& Own() override { return m_maker; }
 
-    const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) override
+    const char* UseAtRandom(Maker& ioOther, int iSeed) override
     {
         try {
-            ::UseAtRandom(SeededChoices(iSeed), 1000, Trouble::Refusals, &ioOther);
+            ::UseAtRandom(SeededChoices(static_cast<std::uint64_t>(iSeed)), 1000, Trouble::Refusals, &ioOther);
         } catch (const std::logic_error& difference) {
             return (m_difference = difference.what()).c_str();
         }
         return "";
     }
 
-    void RunOutOfMemory() override { ThrowFromPlatform(); }
+    const char* PassValues(Maker& ioOther) override
+    {
+        for (int type = 0; type < zrvPT_Undefined; ++type) {
+            const ValueModel contents = DefaultValue(g_typeNames[type]);
+            const std::unique_ptr<ZrvPropertyValueBase> here(m_maker.MakeValue(contents, false));
+            const std::unique_ptr<ZrvPropertyValueBase> there(ioOther.MakeValue(contents, false));
+            const std::unique_ptr<ZrvPropertyValueBase> copy(there->Duplicate());
+            if (copy->SetValueFromProperty(*here).IsError() || !here->IsPurelyIdenticalTo(*copy)) {
+                return g_typeNames[type].ConvertToChar();
+            }
+        }
+        return "";
+    }
+
+    ZrvConstPropertiesPrototype* Exhausted() override { return &m_exhausted; }
 
     const char* PassFailures(Side& ioOther) override
     {
-        ExhaustedPrototype prototype;
-        static_cast<void>(prototype.AddProperty("sound", zrvPT_Float, nullptr));
-        ZrvProperties set(&prototype);
-        if (!RunsOutOfMemory(&ThrowFromPlatform) || !RunsOutOfMemory([&] { ioOther.RunOutOfMemory(); })) {
-            return "a failure reaches the module that is to catch it";
-        }
-        if (!RunsOutOfMemory([&] { static_cast<void>(set.AddProperty("exhausting")); })) {
-            return "a failure passes through the library";
+        ZrvProperties set(ioOther.Exhausted());
+        try {
+            static_cast<void>(set.AddProperty("exhausting"));
+            return "a failure passes";
+        } catch (const std::bad_alloc&) { // thrown by the platform, past the other module and the library
         }
         // Another thread would wait for ever if the failure had left the set locked.
         std::thread([&] { static_cast<void>(set.AddProperty("sound")); }).join();
@@ -74,6 +66,7 @@ public:
 
 private:
     OwnMaker m_maker;
+    ExhaustedPrototype m_exhausted;
     std::string m_difference;
 };
 

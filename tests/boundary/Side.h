@@ -1,9 +1,8 @@
 #ifndef Side_H
 #define Side_H
 
-#include <cstdint>
-
 class Maker;
+class ZrvConstPropertiesPrototype;
 
 /// What one module offers to another, which is built from the same sources and has its own copies of all that is
 /// inline. Whoever only introduces sides to each other needs to link nothing. What a check returns tells what did not
@@ -13,12 +12,15 @@ public:
     virtual Maker& Own() = 0;
 
     /// Uses what both makers make at random, and compares it with the model.
-    virtual const char* UseAtRandom(Maker& ioOther, std::uint64_t iSeed) = 0;
+    virtual const char* UseAtRandom(Maker& ioOther, int iSeed) = 0;
 
-    /// Throws the standard allocation failure out of the platform library.
-    virtual void RunOutOfMemory() = 0;
+    /// Sets and deletes here what the other maker has made and duplicated, of each type.
+    virtual const char* PassValues(Maker& ioOther) = 0;
 
-    /// Lets such failures pass through the library and through the other side.
+    /// Out of which the platform library throws the standard allocation failure.
+    virtual ZrvConstPropertiesPrototype* Exhausted() = 0;
+
+    /// Lets such a failure pass through the other side and the library.
     virtual const char* PassFailures(Side& ioOther) = 0;
 
 protected:

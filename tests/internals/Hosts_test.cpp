@@ -50,8 +50,7 @@ TEST(Hosts, NamesOfOneHashAreHeldAndForgotten)
     ZrvPrototypeImpl prototype;
     ZrvProperties set(&prototype);
     for (const KELUnicodeString& name : names) {
-        ASSERT_TRUE(prototype.AddProperty(name, zrvPT_INT32, nullptr).IsValid() && !set.HasProperty(name));
-        ASSERT_TRUE(set.AddProperty(name).IsValid());
+        ASSERT_TRUE(prototype.AddProperty(name, zrvPT_INT32, nullptr).IsValid() && set.AddProperty(name).IsValid());
     }
     const ZrvProperties copy(set);
     for (const KELUnicodeString& name : names) {
@@ -77,6 +76,19 @@ TEST(Hosts, ASetMayTakeFromASetThatGoesWithWhatIsReplaced)
         EXPECT_FALSE(ZrvReadProperty<KELSysTSBaseUnknown*>(set, "object").Get());
         EXPECT_TRUE(set.GetProperty("text")->IsPurelyIdenticalTo(text));
     }
+}
+
+TEST(Hosts, AnObjectMayEmptyTheSetThatCountsIt)
+{
+    struct Emptying : CountedObject {
+        KELUINT32 AddRef() override { return *emptied = ZrvProperties(), CountedObject::AddRef(); }
+        ZrvProperties own, *emptied = &own;
+    } object;
+    const ZrvPropertyValue<KELSysTSBaseUnknown*> value(&object);
+    ZrvProperties set;
+    ZrvPublishProperty<KELSysTSBaseUnknown*>(set, "object", nullptr);
+    object.emptied = &set;
+    EXPECT_TRUE(set.SetProperty("object", value).IsError() && !set.HasProperty("object"));
 }
 
 TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)

@@ -1,18 +1,15 @@
 #include "KELSYPHashMap.h"
 
-#include "ReportingTest.h"
+#include <gtest/gtest.h>
 
 #include <map>
 #include <memory>
 
 namespace {
 
-using IntMap = KELSYPHashMap<KELUnicodeString, int>;
-using KELSYPHashMapTest = ReportingTest;
-
-TEST_F(KELSYPHashMapTest, IteratorsMeetEachEntryOnce)
+TEST(KELSYPHashMap, IteratorsMeetEachEntryOnce)
 {
-    IntMap map;
+    KELSYPHashMap<KELUnicodeString, int> map;
     std::map<std::string, int> met;
     const std::unique_ptr<KELSYPHashMapIterator<KELUnicodeString, int>> none(map.CreateIterator());
     EXPECT_TRUE(none->IsDone() && !none->CurrentItem());
@@ -27,7 +24,6 @@ TEST_F(KELSYPHashMapTest, IteratorsMeetEachEntryOnce)
         met.erase(item->pKey->ConvertToChar());
     }
     EXPECT_TRUE(met.empty());
-    EXPECT_EQ(Answer(IntMap::HashElement(nullptr)), "0 [pointer i_elem in KELSYPHashMap]");
 }
 
 } // namespace

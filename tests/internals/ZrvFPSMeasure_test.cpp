@@ -26,44 +26,36 @@ TEST(ZrvFPSMeasure, MeasuresAfterWholePeriods)
     struct Row {
         int period, frames; // a new meter's period, unless it is the same meter
         double clock;
-        char asked; // for a measurement, the instant or the global rate
+        char asked; // to measure, to copy or start, the instant or the global rate
         int answer; // -1 when it does not measure
     };
+    // The global rate is one of whole intervals.
     const Row rows[] = {
-        {1, 30, 999999.0, 'm', -1},  {1, 30, 1e6, 'm', 30},     {1, 30, 1.5e6, 'm', 20},  {1, 0, 1.5e6, 'm', 0},
-        {2, 59, 1.9e6, 'm', -1},     {2, 30, 2e6, 'm', 15},     {2, 59, 2.9e6, 'm', 20},  {1, 251, 1e6, 'm', 250},
-        {0, 30, 10.0, 'm', 3000000}, {0, 30, 0.0, 'm', 0},      {-3, 0, 0.0, 'm', 0},     {0, 3000, 1.0, 'm', kMost},
-        {0, 30, kNoNumber, 'm', 0},  {1, 30, -1.0, 'm', -1},    {1, 30, 2e6, 'i', 0},     {kSame, 0, 2e6, 'g', 0},
-        {kSame, 0, 1.5e6, 'm', 20},  {kSame, 0, 0.0, 'i', 20},  {kSame, 0, 0.0, 'g', 20}, {kSame, 10, 0.5e6, 'i', 20},
-        {kSame, 0, 0.5e6, 'g', 26}, // of whole intervals
-        {kSame, 0, -1.0, 'm', -1},   {kSame, 0, -1.0, 'i', 20}, {kSame, 0, 1e6, 'i', 10}, {kSame, 5, 2.5e6, 'g', 9},
-        {kSame, 0, 1e6, 'm', 0},     {kSame, 5, 1e6, 'i', 0}}; // nothing to renew
+        {1, 30, 999999.0, 'm', -1},  {1, 30, 1e6, 'm', 30},     {1, 30, 1.5e6, 'm', 20},   {1, 0, 1.5e6, 'm', 0},
+        {2, 59, 1.9e6, 'm', -1},     {2, 30, 2e6, 'm', 15},     {2, 59, 2.9e6, 'm', 20},   {1, 251, 1e6, 'm', 250},
+        {0, 30, 10.0, 'm', 3000000}, {0, 30, 0.0, 'm', 0},      {-3, 0, 0.0, 'm', 0},      {0, 3000, 1.0, 'm', kMost},
+        {0, 30, kNoNumber, 'm', 0},  {1, 30, -1.0, 'm', -1},    {1, 30, 2e6, 'i', 0},      {kSame, 0, 2e6, 'g', 0},
+        {kSame, 0, 1.5e6, 'm', 20},  {kSame, 0, 0.0, 'i', 20},  {kSame, 0, 0.0, 'g', 20},  {kSame, 10, 0.5e6, 'i', 20},
+        {kSame, 0, 0.5e6, 'g', 26},  {kSame, 0, -1.0, 'm', -1}, {kSame, 0, -1.0, 'i', 20}, {kSame, 0, 1e6, 'i', 10},
+        {kSame, 5, 2.5e6, 'g', 9},   {kSame, 0, 1e6, 'm', 0},   {kSame, 5, 1e6, 'i', 0}, // nothing to renew
+        {3, 30, 3e6, 'm', 10},       {kSame, 60, 1e6, 'c', 10}, {kSame, 0, 2e6, 'm', 20},  {kSame, 0, 2e6, 'g', 15},
+        {kSame, 9, 1e6, 'c', 20},    {kSame, 0, 1e6, 's', 0},   {kSame, 0, 1e6, 'g', 0},   {kSame, 60, 2.9e6, 'm', -1},
+        {kSame, 0, 3e6, 'm', 20},    {kSame, 0, 2e6, 'g', 20}};
     std::unique_ptr<ZrvFPSMeasure> meter;
     for (const auto& [period, frames, clock, asked, answer] : rows) {
         meter = period == kSame ? std::move(meter) : std::make_unique<ZrvFPSMeasure>(period);
         Count(*meter, frames, clock);
-        const int real = asked == 'i'                ? meter->GetInstantFPS()
-                         : asked == 'g'              ? meter->GetGlobalFPS()
-                         : meter->HasNewInstantFPS() ? meter->m_instantFPS
-                                                     : -1;
+        if (asked == 'c') {
+            meter->m_clock.ahead = 1e6;
+            meter = std::make_unique<ZrvFPSMeasure>(*meter);
+        }
+        asked == 's' ? meter->Start() : void();
+        const int real = asked != 'm' && asked != 'g' ? meter->GetInstantFPS()
+                         : asked == 'g'               ? meter->GetGlobalFPS()
+                         : meter->HasNewInstantFPS()  ? meter->m_instantFPS
+                                                      : -1;
         EXPECT_EQ(real, answer) << period << ' ' << frames << " frames " << clock << asked;
     }
-}
-
-TEST(ZrvFPSMeasure, CopiesGoOnAndRestartingKeepsThePeriodAlone)
-{
-    ZrvFPSMeasure meter(3);
-    Count(meter, 30, 3e6);
-    EXPECT_TRUE(meter.HasNewInstantFPS());
-    Count(meter, 2, 3e6);
-    meter.m_clock.ahead = 1e6;
-    ZrvFPSMeasure copy(meter);
-    EXPECT_TRUE(copy.m_clock.ahead == 1e6 && copy.m_framesSinceMeasure == 2 && copy.m_measuredSeconds == 3.0);
-    EXPECT_TRUE(copy.m_instantFPS == 10 && copy.m_totalFrames == 32);
-    copy.Start();
-    EXPECT_EQ(copy.GetInstantFPS() + copy.GetGlobalFPS() + copy.m_framesSinceMeasure + copy.m_totalFrames, 0);
-    Count(copy, 0, 2.9e6);
-    EXPECT_FALSE(copy.HasNewInstantFPS());
 }
 
 } // namespace

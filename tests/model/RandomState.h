@@ -6,6 +6,7 @@
 #include "Model.h"
 #include "OwnMemory.h"
 #include "RandomUse.h"
+#include "ZrvPropertyAccess.h"
 
 #include <iterator>
 #include <memory>
@@ -115,14 +116,10 @@ protected:
     SetModel Read(const ZrvProperties& iSet)
     {
         SetModel read;
-        KELListValKELUnicodeString names;
-        for (int count = iSet.GetListProperties(names); count > 0; --count) {
-            read.held[names[count]] = ReadValue(*iSet.GetProperty(names[count]));
-        }
-        ZrvConstPropertiesPrototype* prototype = nullptr;
-        if (iSet.GetPrototype(prototype).IsValid() && prototype) {
-            prototype->Release();
-            read.prototype = &m_known.at(prototype);
+        ZrvVisitProperties(iSet,
+                           [&read](const Name& iName, const auto& iValue) { read.held[iName] = ReadValue(iValue); });
+        if (const auto prototype = ZrvPropertyAccess::PrototypeOf(iSet)) {
+            read.prototype = &m_known.at(prototype.Get());
         }
         return read;
     }

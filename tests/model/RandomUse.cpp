@@ -22,17 +22,8 @@ private:
         KELRawCollfloat list(number - 1); // room for none, or for too few
         list.Size(number, 0.5F);
         KELSysTSBaseUnknown* const object = iType == zrvPT_BaseUnknownPtr && number > 0 ? MakeObject() : nullptr;
-        const ValueModel values[] = {&g_bytes[number],
-                                     Any(g_badNames),
-                                     KELBoolean(number),
-                                     number,
-                                     KELUINT32(number),
-                                     float(number),
-                                     double(number),
-                                     list,
-                                     object,
-                                     std::monostate()};
-        return values[iType];
+        return Chosen(static_cast<std::ptrdiff_t>(iType), &g_bytes[number], Any(g_badNames), KELBoolean(number), number,
+                      KELUINT32(number), float(number), double(number), list, object, std::monostate());
     }
 
     void NewSet()

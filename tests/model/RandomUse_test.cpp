@@ -24,13 +24,13 @@ TEST_P(RandomUse, AgreesWithTheModel)
     long troubles = 0;
     long seed = FromEnvironment("RANDOM_SEED", 1);
     for (const long end = seed + 8; seed < end && !HasFailure(); ++seed) {
-        const long live = OwnMemory::s_liveBlocks;
+        const long live = OwnMemory::s_liveBytes;
         try {
             troubles += UseAtRandom(SeededChoices(static_cast<std::uint64_t>(seed)), operations, GetParam());
         } catch (const std::logic_error& difference) {
             ADD_FAILURE() << "seed " << seed << ": " << difference.what();
         }
-        EXPECT_EQ(OwnMemory::s_liveBlocks, live) << "leaked by seed " << seed;
+        EXPECT_EQ(OwnMemory::s_liveBytes, live) << "leaked by seed " << seed;
     }
     EXPECT_GE(troubles, failsOften ? operations * 4 : operations) << "were met";
 }

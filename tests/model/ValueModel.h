@@ -3,6 +3,8 @@
 
 #include "ZrvPropertyValue.h"
 
+#include <algorithm>
+#include <array>
 #include <variant>
 
 inline bool operator==(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight)
@@ -42,23 +44,21 @@ ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
     }
 }
 
-/// The default value of a type; a value without a type for an unknown name.
-template <std::size_t Type = 0>
-ValueModel DefaultValue(const KELUnicodeString& iType)
+/// The value of one type out of one for each, the one without a type last.
+template <class... Values>
+ValueModel Chosen(std::ptrdiff_t iType, const Values&... iValues)
 {
-    if constexpr (Type == zrvPT_Undefined) {
-        return std::monostate();
-    } else if (iType != g_typeNames[Type]) {
-        return DefaultValue<Type + 1>(iType);
-    } else {
-        std::variant_alternative_t<Type, ValueModel> contents{};
-        if constexpr (Type == zrvPT_Boolean) {
-            contents = 1;
-        } else if constexpr (Type == zrvPT_FloatList) {
-            contents.Size(3, 0.0F);
-        }
-        return ValueModel(std::in_place_index<Type>, contents);
-    }
+    return std::array<ValueModel, sizeof...(Values)>{iValues...}[static_cast<std::size_t>(iType)];
+}
+
+/// The default value of a type; a value without a type for an unknown name.
+inline ValueModel DefaultValue(const KELUnicodeString& iType)
+{
+    KELRawCollfloat zeros;
+    zeros.Size(3, 0.0F);
+    return Chosen(std::find(g_typeNames, g_typeNames + zrvPT_Undefined, iType) - g_typeNames,
+                  static_cast<unsigned char*>(nullptr), KELUnicodeString(), KELBoolean(1), KELINT32(0), KELUINT32(0),
+                  0.0F, 0.0, zeros, static_cast<KELSysTSBaseUnknown*>(nullptr), std::monostate());
 }
 
 #endif

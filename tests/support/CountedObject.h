@@ -7,12 +7,9 @@
 
 /// A counted object that does something when it goes.
 struct CountedObject : KELSysTSBaseUnknown {
-    explicit CountedObject(std::function<void()> iFarewell = [] {})
-        : KELSysTSBaseUnknown(1), farewell(std::move(iFarewell))
-    {
-    }
-    ~CountedObject() override { farewell(); }
-    std::function<void()> farewell;
+    explicit CountedObject(std::function<void()> iEnd = [] {}) : KELSysTSBaseUnknown(1), atEnd(std::move(iEnd)) {}
+    ~CountedObject() override { atEnd(); }
+    std::function<void()> atEnd;
 };
 
 /// The references on an object, the caller's included.

@@ -23,11 +23,7 @@ void* operator new(std::size_t iSize)
         throw std::bad_alloc();
     }
     void* const memory = std::malloc(iSize);
-    if (!memory) {
-        throw std::bad_alloc();
-    }
-    ++OwnMemory::s_allocations;
-    ++OwnMemory::s_liveBlocks;
+    memory ? void() : throw std::bad_alloc();
     OwnMemory::s_allocatedBytes += static_cast<long>(iSize);
     OwnMemory::s_liveBytes += static_cast<long>(malloc_usable_size(memory));
     return memory;
@@ -46,7 +42,6 @@ void* operator new(std::size_t iSize, const std::nothrow_t& /*iTag*/) noexcept
 void operator delete(void* iMemory) noexcept
 {
     if (iMemory) {
-        --OwnMemory::s_liveBlocks;
         OwnMemory::s_liveBytes -= static_cast<long>(malloc_usable_size(iMemory));
         std::free(iMemory);
     }

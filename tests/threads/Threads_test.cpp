@@ -10,13 +10,13 @@
 #include <functional>
 #include <future>
 #include <mutex>
+#include <numeric>
 #include <string>
 #include <vector>
 
 namespace {
 
-using Int = ZrvPropertyValue<KELINT32>;
-using Object = ZrvPropertyValue<KELSysTSBaseUnknown*>;
+using Object = KELSysTSBaseUnknown*;
 using Job = std::function<void(int iRound)>;
 
 /// Runs each job on a thread of its own, round after round for half a second. Ends the process when the threads wait
@@ -37,9 +37,9 @@ void RunTogether(const std::vector<Job>& iJobs)
     }
 }
 
-KELUnicodeString Numbered(const char* iText, int iNumber)
+KELUnicodeString Numbered(int iNumber)
 {
-    return KELUnicodeString((iText + std::to_string(iNumber)).c_str());
+    return KELUnicodeString(("number" + std::to_string(iNumber)).c_str());
 }
 
 /// A set of iCount numbers, all the same.
@@ -47,30 +47,10 @@ ZrvProperties Filled(int iCount, KELINT32 iNumber)
 {
     ZrvProperties set;
     for (int i = 0; i < iCount; ++i) {
-        set.AddProperty(Numbered("number", i), "KELINT32", nullptr);
-        set.SetProperty(Numbered("number", i), Int(iNumber));
+        ZrvPublishProperty(set, Numbered(i), iNumber);
     }
     return set;
 }
-
-bool IsFilled(const ZrvProperties& iSet, int iCount, KELINT32 iNumber)
-{
-    KELListValKELUnicodeString names;
-    bool isSame = iSet.GetListProperties(names) == iCount;
-    for (int i = 0; i < iCount && isSame; ++i) {
-        isSame = iSet.GetProperty(Numbered("number", i))->IsPurelyIdenticalTo(Int(iNumber));
-    }
-    return isSame;
-}
-
-class Threads : public ::testing::Test {
-protected:
-    void TearDown() override { EXPECT_EQ(m_wrong, 0); }
-    void Expect(bool iHolds) { m_wrong += iHolds ? 0 : 1; }
-
-private:
-    std::atomic<int> m_wrong{0};
-};
 
 ZrvProperties* g_reporting = nullptr;
 std::atomic<int> g_reports{0};
@@ -78,12 +58,11 @@ std::atomic<int> g_reports{0};
 // What a host may do on a report: look into the set that makes it, change it and copy it.
 void CallBack(const KELCheckFailure&)
 {
-    g_reporting->AddProperty("reported", "KELINT32", nullptr);
-    g_reporting->SetProperty("reported", Int(++g_reports));
+    ZrvPublishProperty<KELINT32>(*g_reporting, "reported", ++g_reports);
     const ZrvProperties copy(*g_reporting);
 }
 
-TEST_F(Threads, UseOneSetWithEveryOperation)
+TEST(Threads, UseOneSetWithEveryOperation)
 {
     ZrvPrototypeImpl nested;
     CountedObject object;
@@ -93,81 +72,93 @@ TEST_F(Threads, UseOneSetWithEveryOperation)
     g_reporting = &set;
     const KELCheckFailureHandler previous = KELSetCheckFailureHandler(&CallBack);
     const Job add = [&](int iRound) {
-        Expect(set.AddProperty(Numbered("name", iRound % 500), "float", &nested).IsValid());
+        EXPECT_TRUE(set.AddProperty(Numbered(3 + iRound % 500), "float", &nested).IsValid());
     };
     const Job change = [&](int iRound) {
-        const Object value(iRound % 2 ? &object : nullptr);
-        Expect(set.SetProperty("object", value).IsValid() && set.SetFromProperties(source).IsValid());
-        Expect(set.SetProperty("object", Int(1)).IsError() && set.AddProperty("object").IsError());
+        const ZrvPropertyValue<Object> value(iRound % 2 ? &object : nullptr);
+        EXPECT_TRUE(set.SetProperty("object", value).IsValid() && set.SetFromProperties(source).IsValid());
+        EXPECT_TRUE(set.SetProperty("object", ZrvPropertyValue<float>(1)).IsError());
+        EXPECT_TRUE(set.AddProperty("object").IsError());
     };
     const Job query = [&](int) {
         KELListValKELUnicodeString names;
         ZrvConstPropertiesPrototype* none = nullptr;
-        Expect(set.GetListProperties(names) >= 1 && set.GetPrototype(none).IsValid() && !none);
-        Expect(!set.GetPropertyParameters("object") && set.GetAvailability("object") && set.HasProperty("object"));
-        Expect(set.GetPropertyType("object") != "" && set.GetProperty("object"));
+        EXPECT_TRUE(set.GetListProperties(names) >= 1 && set.GetPrototype(none).IsValid() && !none);
+        EXPECT_TRUE(!set.GetPropertyParameters("object") && set.GetAvailability("object") && set.HasProperty("object"));
+        EXPECT_TRUE(set.GetPropertyType("object") != "" && set.GetProperty("object"));
     };
     const Job copy = [&](int) {
         const ZrvProperties constructed(set);
         ZrvProperties assigned;
         assigned = set;
-        Expect(constructed.HasProperty("object") && assigned.SetFromProperties(set).IsValid());
+        EXPECT_TRUE(constructed.HasProperty("object") && assigned.SetFromProperties(set).IsValid());
     };
     RunTogether({add, add, change, change, query, query, copy});
     KELSetCheckFailureHandler(previous);
-    EXPECT_TRUE(g_reports >= 2 && set.HasProperty("name0") && set.GetPropertyType("reported") == "KELINT32");
+    EXPECT_TRUE(g_reports >= 2 && set.HasProperty("number3") && set.GetPropertyType("reported") == "KELINT32");
     set = ZrvProperties();
     EXPECT_TRUE(CountOf(nested) == 1 && CountOf(object) == 1);
 }
 
+/// Whether a set that no other thread uses is one of the two below, with nothing of the other.
+bool IsWhole(const ZrvProperties& iSet)
+{
+    KELListValKELUnicodeString names;
+    const int count = iSet.GetListProperties(names);
+    const int sum = std::accumulate(begin(names), end(names), 0, [&iSet](int iSum, const KELUnicodeString& iName) {
+        return iSum + ZrvReadProperty<KELINT32>(iSet, iName);
+    });
+    return (count == 3 && sum == 3) || (count == 9 && sum == 18);
+}
+
 // Copies go in every direction. A reader meets what was assigned as a whole, never an emptied or half-filled set.
-TEST_F(Threads, CopyAndReadWhileAssigned)
+TEST(Threads, CopyAndReadWhileAssigned)
 {
     const ZrvProperties few = Filled(3, 1);
     const ZrvProperties many = Filled(9, 2);
     ZrvProperties sets[] = {few, few, many};
-    const auto isWhole = [](const ZrvProperties& iSet) { return IsFilled(iSet, 3, 1) || IsFilled(iSet, 9, 2); };
     const Job write = [&](int iRound) { sets[iRound % 2] = iRound % 3 ? few : many; };
     const Job assign = [&](int iRound) { sets[iRound % 3] = sets[(iRound + iRound % 2 + 1) % 3]; };
     const Job copy = [&](int iRound) {
         ZrvProperties assigned;
         assigned = sets[iRound % 3];
-        Expect(isWhole(assigned) && isWhole(ZrvProperties(sets[iRound % 3])));
-        Expect(assigned.SetFromProperties(sets[(iRound + 1) % 3]).IsValid());
+        EXPECT_TRUE(IsWhole(assigned) && IsWhole(ZrvProperties(sets[iRound % 3])));
+        EXPECT_TRUE(assigned.SetFromProperties(sets[(iRound + 1) % 3]).IsValid());
     };
     const Job read = [&](int iRound) {
         KELListValKELUnicodeString names;
-        const ZrvProperties& set = sets[iRound % 3];
-        Expect(set.GetListProperties(names) % 6 == 3 && set.HasProperty("number0") && set.GetProperty("number2"));
-        Expect(set.GetPropertyType("number1") == "KELINT32" && sets[iRound % 3].SetProperty("no", Int(1)).IsError());
+        ZrvProperties& set = sets[iRound % 3];
+        EXPECT_TRUE(set.GetListProperties(names) % 6 == 3 && set.HasProperty("number0") && set.GetProperty("number2"));
+        EXPECT_TRUE(set.GetPropertyType("number1") == "KELINT32");
+        EXPECT_TRUE(set.SetProperty("no", ZrvPropertyValue<float>(1)).IsError());
     };
     RunTogether({write, assign, assign, copy, copy, read});
-    EXPECT_TRUE(isWhole(sets[0]) && isWhole(sets[1]) && isWhole(sets[2]));
+    EXPECT_TRUE(IsWhole(sets[0]) && IsWhole(sets[1]) && IsWhole(sets[2]));
 }
 
 // A thread that holds a host's mutex uses the set, while another lets an object go that takes the mutex.
-TEST_F(Threads, WhatGoesMayWaitForAThreadThatUsesTheSet)
+TEST(Threads, WhatGoesMayWaitForAThreadThatUsesTheSet)
 {
     std::mutex hosts;
     ZrvProperties empty = Filled(1, 5);
-    empty.AddProperty("object", "KELSysTSBaseUnknownPtr", nullptr);
+    ZrvPublishProperty<Object>(empty, "object", nullptr);
     ZrvProperties set(empty);
     const Job replace = [&](int iRound) {
         auto* const object = new CountedObject([&hosts] { const std::lock_guard lock(hosts); });
-        Expect(set.SetProperty("object", Object(object)).IsValid());
+        EXPECT_TRUE(ZrvPublishProperty<Object>(set, "object", object).IsValid());
         object->Release();
         iRound % 3 == 0   ? void(set = empty)
-        : iRound % 3 == 1 ? Expect(set.SetFromProperties(empty).IsValid())
-                          : Expect(set.SetProperty("object", Object(nullptr)).IsValid());
+        : iRound % 3 == 1 ? void(set.SetFromProperties(empty))
+                          : void(ZrvPublishProperty<Object>(set, "object", nullptr));
     };
     const Job use = [&](int) {
         const std::lock_guard lock(hosts);
-        Expect(set.SetProperty("number0", Int(5)).IsValid() && set.GetPropertyType("object") != "");
+        EXPECT_TRUE(ZrvPublishProperty<KELINT32>(set, "number0", 5).IsValid() && set.GetPropertyType("object") != "");
     };
     RunTogether({replace, use});
 }
 
-TEST_F(Threads, SharePrototypesTextsAndFloats)
+TEST(Threads, SharePrototypesTextsAndFloats)
 {
     ZrvPrototypeImpl nested;
     ZrvPrototypeImpl prototype;
@@ -175,26 +166,23 @@ TEST_F(Threads, SharePrototypesTextsAndFloats)
     const KELUnicodeString name("a name that all threads share and that is long");
     prototype.AddProperty(name, zrvPT_BytePtr, &nested);
     ZrvProperties shared(&prototype); // is assigned while it is asked for its prototype
-    KELRawCollfloat made;
-    made.Size(5, 1.0F);
-    const KELRawCollfloat floats(made);
-    const Job use = [&](int) {
+    KELRawCollfloat floats;
+    floats.Size(5, 1.0F);
+    const Job use = [&, &floats = std::as_const(floats)](int) {
         ZrvProperties set(&prototype);
-        Expect(set.AddProperty(name).IsValid() && shared.AddProperty(name).IsValid());
+        EXPECT_TRUE(set.AddProperty(name).IsValid() && shared.AddProperty(name).IsValid());
         shared = ZrvProperties(set);
-        ZrvConstPropertiesPrototype* taken = nullptr;
-        Expect(shared.GetPrototype(taken).IsValid() && taken == &prototype);
+        const auto taken = ZrvPropertyAccess::PrototypeOf(shared);
         ZrvConstPropertiesPrototype* const inner = taken->GetPropertyPrototype(name);
-        Expect(inner == &nested && inner->HasProperty("x").IsValid());
+        EXPECT_TRUE(taken.Get() == &prototype && inner == &nested && inner->HasProperty("x").IsValid());
         inner->Release();
-        taken->Release();
         KELUnicodeString copy = name;
-        Expect(copy.Append(name) != name && copy.ComputeHashKey() == KELUnicodeString(copy).ComputeHashKey());
+        EXPECT_TRUE(copy.Append(name) != name && copy.ComputeHashKey() == KELUnicodeString(copy).ComputeHashKey());
         KELRawCollfloat list = floats;
         list.Append(2.0F);
         KELRawCollfloat other = list;
         other[1] = 3.0F;
-        Expect(list[1] == 1.0F && list.Size() == 6 && other[1] == 3.0F);
+        EXPECT_TRUE(list[1] == 1.0F && list.Size() == 6 && other[1] == 3.0F);
     };
     RunTogether({use, use, use, use});
     shared = ZrvProperties();

@@ -16,9 +16,8 @@ public:
     void* Locate(void* iProbe) const { return Get(Find(iProbe)); }
     void* Remove(void* iProbe)
     {
-        const int index = Find(iProbe);
-        void* const removed = Get(index);
-        m_elements.erase(m_elements.begin() + index, m_elements.begin() + index + (removed ? 1 : 0));
+        void* const removed = Locate(iProbe);
+        std::erase(m_elements, removed);
         return removed;
     }
     void* Get(int iIndex) const { return iIndex < Size() ? m_elements[static_cast<std::size_t>(iIndex)] : nullptr; }
