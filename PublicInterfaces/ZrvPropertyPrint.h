@@ -206,7 +206,8 @@ inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvProperties& iSe
     KELListValKELUnicodeString list;
     iSet.GetListProperties(list);
     std::vector<KELUnicodeString> names(begin(list), end(list));
-    std::sort(names.begin(), names.end(),
+    // Between pointers: comparing iterators leaves a unique symbol of the standard library's in the caller's module.
+    std::sort(names.data(), names.data() + names.size(),
               [](const KELUnicodeString& iLeft, const KELUnicodeString& iRight) { return iLeft.Compare(iRight) == 0; });
     std::size_t width = 0;
     for (const KELUnicodeString& name : names) {

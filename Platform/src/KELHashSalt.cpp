@@ -1,6 +1,11 @@
+#if defined(_WIN32)
+#define _CRT_RAND_S // so that the C library declares rand_s
+#endif
+
 #include "KELHashSalt.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <random>
 
@@ -64,6 +69,21 @@ std::uint64_t LastWord(const char* iBytes, std::size_t iLeft, std::size_t iLengt
     return word | static_cast<std::uint64_t>(iLength) << 56U;
 }
 
+#if defined(_WIN32)
+// std::random_device asks the same generator of the system's, but its failures weigh 50 KB.
+class RandomDevice {
+public:
+    unsigned int operator()() const
+    {
+        unsigned int number = 0;
+        static_cast<void>(rand_s(&number)); // one that fails leaves the salt less secret
+        return number;
+    }
+};
+#else
+using RandomDevice = std::random_device;
+#endif
+
 } // namespace
 
 KELUINT32 KELHashSalt::Hash(const char* iBytes, std::size_t iLength) const noexcept
@@ -86,7 +106,7 @@ KELHashSalt KELHashSalt::Make() noexcept
     salt.first = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
     salt.second = reinterpret_cast<std::uintptr_t>(&salt) * 0x9E3779B97F4A7C15U;
     try {
-        std::random_device random;
+        RandomDevice random;
         salt.first ^= static_cast<std::uint64_t>(random()) << 32U | random();
         salt.second ^= static_cast<std::uint64_t>(random()) << 32U | random();
     } catch (...) { // NOLINT(bugprone-empty-catch): the salt is less secret then
