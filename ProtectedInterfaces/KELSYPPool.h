@@ -67,8 +67,8 @@ public:
     /// Owns an object that was released from its owner.
     Owner Own(T* iObject) noexcept { return Owner(iObject, Deleter{this}); }
 
-    /// Makes room for iCount more objects in one chunk, unless the two that would come by themselves cost less: each of
-    /// those is what allocators keep at hand. Throws `std::bad_alloc`.
+    /// Makes room for iCount more objects in one chunk. Does nothing for a count that two chunks of the first size
+    /// cover: two that allocators keep at hand cost less than a larger one. Throws `std::bad_alloc`.
     void Reserve(std::size_t iCount)
     {
         const bool isTwoChunks = iCount > kFewestBlocks && iCount <= 2 * kFewestBlocks;

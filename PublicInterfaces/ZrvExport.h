@@ -31,16 +31,15 @@
 #define ZRV_API [[gnu::visibility("default")]]
 #endif
 
-// Declares an inline member of an exported class. The library exports such members as well, for callers that do not
-// compile them in line. Visual C++ exports them with their class. For other compilers one source,
-// ZrvPropertyValueBase.cpp, defines this as nothing and so makes plain functions of them, which the library's other
-// sources call where they do not run them in line. It has to be the source with the virtual table of that class, since
-// a virtual member that is not inline there says where the table lies.
+// Declares an inline member of an exported class. The library also exports it, for callers that do not inline it.
+// Visual C++ exports it with its class. With GCC and Clang one source, ZrvPropertyValueBase.cpp, defines this as
+// nothing and so emits the functions. It has to be the source with the virtual table of that class, since a virtual
+// member that is not inline there says where the table lies.
 #if !defined(ZRV_INLINE)
 #if defined(ZRV_BUILDING) && defined(__GNUC__)
 #define ZRV_INLINE __attribute__((gnu_inline)) inline
 #if defined(__clang__)
-#pragma clang diagnostic ignored "-Wgnu-inline-cpp-without-extern" // a member can not be marked `extern`
+#pragma clang diagnostic ignored "-Wgnu-inline-cpp-without-extern" // a member cannot be marked `extern`
 #endif
 #else
 #define ZRV_INLINE inline

@@ -44,8 +44,8 @@ public:
     /// Measures if the period has passed since the last measurement; returns whether it did.
     bool HasNewInstantFPS();
 
-    /// The rate of the last complete interval; 0 before the first and after one without frames. Measures first, if
-    /// there is a rate and the period has passed.
+    /// The rate of the last complete interval; 0 before the first and after a rate below 1. Measures first, if there is
+    /// a rate other than 0 and the period has passed.
     int GetInstantFPS();
 
     /// All frames since the start over the time of all complete intervals; 0 before the first. Measures first, if there

@@ -25,7 +25,7 @@ public:
 
     ZrvListIterator() = default;
 
-    /// An input iterator: at a position from 1, valid as long as the list.
+    /// Refers to the element at a position, counted from 1. Valid while the list exists.
     /// @{
     ZrvListIterator(const List& iList, int iPosition) noexcept : m_list(&iList), m_position(iPosition) {}
 

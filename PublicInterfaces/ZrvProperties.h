@@ -26,14 +26,15 @@ class ZrvPropertiesData;
 /// rc = set.SetProperty("width", ZrvPropertyValue<float>(1.0F)); // an error: the value stays 1920
 /// \endcode
 ///
-/// Thread-safe: each operation holds the set's lock for its whole run, and a copy holds the locks of both sets, taken
-/// in an order that all copies share. Destruction excludes every other use. A value that `GetProperty` returned is read
-/// outside the lock; its reader excludes writers by other means. After `fork` the child uses no set that another thread
-/// may have held at that moment.
+/// Thread-safe: each operation locks the set while it reads or changes it (`SetProperty` may lock it twice), and a copy
+/// holds the locks of both sets, taken in an order that all copies share. Destruction excludes every other use. A value
+/// that `GetProperty` returned is read outside the lock; its reader excludes writers by other means. After `fork` the
+/// child uses no set that another thread may have held at that moment.
 ///
 /// Every operation reports a broken precondition, such as an empty name, as a failed check. Return codes carry an empty
-/// trace where nothing else is said. An operation throws `std::bad_alloc` when memory runs out. The set is then as it
-/// was, but for a copy of values and an assignment, which may keep what they had copied.
+/// trace where nothing else is said; traces are part of the interface and stay as they are. An operation throws
+/// `std::bad_alloc` when memory runs out. The set is then as it was, but for `SetFromProperties`, which may keep what
+/// it had copied, and an assignment, which leaves the set as it was or with the new prototype and part of the copies.
 ///
 /// Names are compared exactly and may contain bytes 0. Looking a name up takes constant time on average, also for names
 /// that were chosen to have one hash.
@@ -44,7 +45,7 @@ class ZrvPropertiesData;
 /// |---|---|---|
 /// | the handler of failed checks | a precondition is broken | those of the operation that reports |
 /// | a prototype of the host's class | something is added or copied; `GetAvailability` | the set's; in a copy both |
-/// | a value of the host's class | it is set | the set's |
+/// | a value of the host's class | it is set | none, then the set's |
 /// | `AddRef` of objects and prototypes | a reference is taken | the set's or none; in a copy both |
 /// | `Release` and the destructor behind it | a reference has been given up | none of the operation's |
 /// | overrides of a set of the host's class | `SetFromProperties` lists what it copies | none |
@@ -71,9 +72,9 @@ public:
 
     virtual ~ZrvProperties();
 
-    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. A
-    /// property that cannot be copied ends the copy; it is reported as a failed check where adding or setting it by
-    /// itself would be. Linear.
+    /// Makes this set follow the other's prototype and hold copies of the other's properties, and nothing else. Stops
+    /// at the first property that cannot be copied, and reports the failed check that adding or setting it would
+    /// report. Linear.
     ZrvProperties& operator=(const ZrvProperties& iProperties);
 
     /// Stores the prototype in ioPrototype, which must be null, with a reference added for the caller; null for a free
@@ -83,8 +84,8 @@ public:
     /// 1 when the set holds a property of that name, else 0; an empty name is no failed check here.
     virtual int HasProperty(const KELUnicodeString& iPropertyName) const;
 
-    /// Adds the names of all properties to the list, in no particular order, behind what it holds; returns how many.
-    /// Linear.
+    /// Adds the names of all properties to the list, in no particular order, after what it holds; returns how many. In
+    /// a list of KELSysTSUnicodeString a name ends in front of its first byte 0. Linear.
     /// @{
     virtual int GetListProperties(KELSysTSListOfUnicodeString& ioList) const;
     virtual int GetListProperties(KELListValKELUnicodeString& ioList) const;
@@ -99,8 +100,8 @@ public:
     /// Adds a property to a free set. Adding one that the set holds succeeds and changes nothing, its type included.
     /// \param iPropertyType a type name of `ZRV_PROPERTY_TYPES`
     /// \param iPropertyPrototype the nested prototype or null; borrowed, and kept with a reference of its own
-    /// \return an error, mostly with a trace that says why, for a bound set, a missing name or type name and an unknown
-    /// type name
+    /// \return an error for an empty name or type name; for a bound set, with the trace "AddProperty: Wrong call,
+    /// should not have prototype."; for an unknown type name, with the trace "AddProperty: property not instanciated"
     virtual ZrvRC AddProperty(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                               ZrvConstPropertiesPrototype* iPropertyPrototype);
 
@@ -109,12 +110,13 @@ public:
     virtual ZrvRC AddProperty(const KELUnicodeString& iPropertyName);
 
     /// A copy of the nested set of parameters of a property, which the caller deletes; null when it has none and,
-    /// after a report, for a name that the set does not hold.
+    /// after a report, for a name that the set does not hold. Linear in the parameters.
     virtual ZrvProperties* GetPropertyParameters(const KELUnicodeString& iPropertyName) const;
 
     /// Copies every property of the other set into this one: adds those that it lacks, assigns those that it holds, and
-    /// keeps its others. All names and the types of held properties are checked before anything changes.
-    /// \return an error for what this set cannot take; `zrvEC_NothingDone` for the set itself
+    /// keeps its others. All names and the types of held properties are checked before anything changes. Linear.
+    /// \return an error for what this set cannot take, with the trace of the addition that failed; `zrvEC_NothingDone`
+    /// for the set itself; a success for a set without properties
     virtual ZrvRC SetFromProperties(const ZrvProperties& iPropertiesValues);
 
     /// The value of a property, owned by the set and valid until the set is assigned to or destroyed; setting the

@@ -52,8 +52,7 @@
 /// const auto title = ZrvReadProperty<KELUnicodeString>(set, kTitle, "untitled");
 /// const KELReference<KELSysTSBaseUnknown> stream = ZrvReadProperty<KELSysTSBaseUnknown*>(set, kStream);
 /// \endcode
-/// \tparam T a type of `ZRV_PROPERTY_TYPES`; named by the caller, since a default of another type would say the wrong
-/// one
+/// \tparam T the type to read, one of `ZRV_PROPERTY_TYPES`; it is not deduced from the default, whose type may differ
 template <class T>
 typename ZrvPropertyReader<T>::Result
 ZrvReadProperty(const ZrvProperties& iSet, const KELUnicodeString& iPropertyName,
@@ -63,7 +62,7 @@ ZrvReadProperty(const ZrvProperties& iSet, const KELUnicodeString& iPropertyName
     return value ? ZrvPropertyReader<T>::Read(*value) : iDefault;
 }
 
-/// Calls iVisitor(name, value) with each property of the set, in no particular order.
+/// Calls iVisitor(name, value) with each property of the set, in no particular order. Linear.
 ///
 /// The visitor may use and change the set: properties that are added meanwhile are not visited, and those that have
 /// gone are left out. What it throws ends the visit.
@@ -95,7 +94,7 @@ inline KELReference<ZrvConstPropertiesPrototype> PrototypeOf(const ZrvProperties
     return KELReference<ZrvConstPropertiesPrototype>::Adopt(prototype);
 }
 
-/// The code of iRC and its trace behind one that names the property.
+/// The code of iRC and its trace after one that names the property.
 inline ZrvRC Explain(const ZrvRC& iRC, const KELUnicodeString& iPropertyName, const KELUnicodeString& iReason)
 {
     ZrvRC result(ZrvGetRC(iRC), KELUnicodeString(iPropertyName).Append(": ").Append(iReason));
@@ -194,15 +193,14 @@ inline ZrvRC ZrvPublishProperty(ZrvProperties& ioSet, const KELUnicodeString& iP
 }
 /// @}
 
-/// One declaration: a name, a type and, for a structured property, its nested prototype, which is
-/// borrowed.
+/// One declaration: a name, a type and, for a structured property, its nested prototype, which is borrowed.
 struct ZrvPropertyDeclaration {
     KELUnicodeString name;                            ///< The property's name.
     ZrvPropertyType type;                             ///< The type of its value.
     ZrvConstPropertiesPrototype* prototype = nullptr; ///< The nested prototype, or null.
 };
 
-/// Declares properties.
+/// Declares properties. Linear.
 ///
 /// \return an error when something is refused, such as a name that is declared with another type: the trace has a line
 /// for each such property, all others are declared
@@ -226,7 +224,7 @@ inline ZrvRC ZrvDeclareProperties(ZrvPropertiesPrototype& ioPrototype,
 }
 
 /// Adds everything that the set's prototype declares, with the default values of its types. What the set holds stays as
-/// it is.
+/// it is. Linear.
 ///
 /// \return an error for a free set, and when something could not be added: the trace has a line for each such property,
 /// all others have been added

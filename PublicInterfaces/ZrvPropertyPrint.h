@@ -143,6 +143,9 @@ inline void PrintColumn(std::ostream& ioOutput, const std::string& iText, std::s
 } // namespace ZrvPropertyAccess
 
 /// Prints a string's bytes as they are, and fills up to the stream's width as for any text.
+/// \code
+/// std::cout << std::setw(8) << name; // "   width"
+/// \endcode
 /// @{
 inline std::ostream& operator<<(std::ostream& ioOutput, const KELUnicodeString& iText)
 {
@@ -155,7 +158,10 @@ inline std::ostream& operator<<(std::ostream& ioOutput, const KELSysTSUnicodeStr
 }
 /// @}
 
-/// Prints a return code by name or, where it has none, by number, and its trace, if any: "zrvEC_Error: width: ...".
+/// Prints a return code by name or, where it has none, by number, and its trace, if any.
+/// \code
+/// std::cerr << rc; // zrvEC_Error: width: holds a KELUINT32, not a float
+/// \endcode
 inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvRC& iRC)
 {
     switch (ZrvGetRC(iRC)) {
@@ -177,6 +183,9 @@ inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvRC& iRC)
 
 /// Prints what a value holds: numbers as the stream formats them, true or false, a string in quotes on one line with
 /// what cannot be printed written as "\x0A", a list in brackets, and of a pointer whether it is null.
+/// \code
+/// std::cout << *set.GetProperty(kPlaneMeans); // [16.5 128 128]
+/// \endcode
 inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvPropertyValueBase& iValue)
 {
     switch (ZrvPropertyTypeConv::GetEnum(iValue.GetType())) {
@@ -195,7 +204,7 @@ inline std::ostream& operator<<(std::ostream& ioOutput, const ZrvPropertyValueBa
 }
 
 /// Prints a set as a table with a line for each property, sorted by name: name, type and value, each as text that
-/// cannot break the table. A set without properties prints "(no properties)".
+/// cannot break the table. A set without properties prints "(no properties)". Costs a sort of the names.
 /// \code
 /// std::cout << set;
 /// // title  KELUnicodeString        "Clip"

@@ -20,9 +20,8 @@
 /// \code
 /// set.SetProperty("width", ZrvPropertyValue<KELUINT32>(1920));
 ///
-/// const ZrvPropertyValueBase* value = set.GetProperty("width");
-/// if (value && value->GetType() == "KELUINT32") {
-///     Use(static_cast<const ZrvPropertyValue<KELUINT32>*>(value)->GetValue());
+/// if (const auto* width = ZrvPropertyCast<KELUINT32>(set.GetProperty("width"))) {
+///     Use(width->GetValue());
 /// }
 /// \endcode
 

@@ -29,7 +29,8 @@ public:
     virtual ZrvPropertyValueBase* Duplicate() const;
 
     /// Takes over the value of iOther, which must have the same type name; else an error with an empty trace, and
-    /// nothing changes. A value without a type always fails, and reports a failed check.
+    /// nothing changes. A value without a type always fails, and reports
+    /// "Property value wihtout type cannot be set."
     virtual ZrvRC SetValueFromProperty(const ZrvPropertyValueBase& iOther);
 
     /// Whether iOther has the same type name and an equal value.
@@ -46,10 +47,10 @@ ZrvPropertyValueBase::~ZrvPropertyValueBase() = default;
 /// The type name of string values. Thread-safe.
 ZRV_API KELUnicodeString ZrvPropertyValue_GetStringType();
 
-/// Whether two strings are identical.
+/// Whether two strings are identical. Linear in long texts. Thread-safe.
 ZRV_API bool ZrvPropertyValue_StringComparator(const KELUnicodeString& iFirst, const KELUnicodeString& iSecond);
 
-/// Whether two lists have the same number of elements and compare equal.
+/// Whether two lists have the same number of elements and compare equal. Linear. Thread-safe.
 ZRV_API bool ZrvPropertyValue_LstFloatComparator(const KELRawCollfloat& iFirst, const KELRawCollfloat& iSecond);
 
 #endif

@@ -23,8 +23,7 @@
 /// }
 /// \endcode
 ///
-/// A result that a caller does not look at is a warning of the compiler; `static_cast<void>(...)` says that it is
-/// meant.
+/// The compiler warns when a result is ignored. Cast it to void to ignore it on purpose.
 ///
 /// A plain value. No operation fails or reports. Those that lengthen the trace may throw `std::bad_alloc`, and change
 /// nothing then. Appending costs what is appended, not what the trace holds. Thread-compatible.
@@ -97,7 +96,7 @@ public:
     /// object.
     ZrvRC& Add(const ZrvRC& iOther);
 
-    /// The text with the prefix in front of its first character and behind each line break ("\n"), a final one
+    /// The text with the prefix in front of its first character and after each line break ("\n"), a final one
     /// included; a null prefix gives the text as it is. Throws `std::bad_alloc` for a result of more than 2^31 - 1
     /// bytes. Linear in the result.
     /// @{

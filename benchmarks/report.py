@@ -51,9 +51,9 @@ What a property set costs beside what one would write instead. This page is what
 
 A set has 16 properties of all nine types, with names of 5 to 30 bytes; they are looked up with keys that are equal to
 the names but share nothing with them. The number behind "String" is the length of the texts in bytes. "Kept" and
-"Literal" set and get one property under a key that the caller keeps and under a literal. "ReadmeRead" reads by
-`GetProperty` with a literal, a comparison of type names and `GetValue`. "FirstProgram" declares, adds, sets, lists,
-copies and reads two properties with the help of `ZrvPropertyAccess.h`. All contestants run in one process, their
+"Literal" set and get one property under a key that the caller keeps and under a literal. "ReadmeRead" reads a
+number by `ZrvReadProperty` with a literal. "FirstProgram" declares, adds, sets, lists, copies and reads two properties
+with the help of `ZrvPropertyAccess.h`. All contestants run in one process, their
 repetitions in random order, with two more threads parked. Times are medians of processor time per operation; on a
 million properties, per property. Allocations count `malloc`, `calloc`, `realloc` and what is built on them, in all
 modules. Instructions are counted under callgrind and differ little from run to run. Times of different machines and

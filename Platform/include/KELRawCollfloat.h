@@ -8,10 +8,10 @@
 
 /// A list of floats, positions from 1, whose elements are shared between copies until one of them is changed.
 ///
-/// Copying, moving and assigning neither allocate nor fail. The first change of a shared list copies the elements, and
-/// so does copying a list after an element was handed out for writing. Whatever allocates throws `std::bad_alloc` and
-/// then leaves the list as it was. A growing list doubles its room. The memory belongs to the platform library, so that
-/// a list may outlive the module that made it.
+/// Copying shares the elements and does not allocate, unless an element was handed out for writing; then it copies
+/// them, as the first change of a shared list does. Moving never allocates. Whatever allocates throws `std::bad_alloc`
+/// and then leaves the list as it was. A growing list doubles its room. The memory belongs to the platform library, so
+/// that a list may outlive the module that made it.
 ///
 /// Thread-compatible; lists that share their elements may be used by different threads.
 class KEL_API KELRawCollfloat {
@@ -30,7 +30,7 @@ public:
     /// An empty list with room for iReserved elements.
     explicit KELRawCollfloat(int iReserved = 0);
 
-    /// A copy shares the elements. What is moved from is empty, or is exchanged.
+    /// A copy shares the elements. Move construction leaves the source empty; move assignment exchanges the two.
     /// @{
     KELRawCollfloat(const KELRawCollfloat& iOther);
     KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept : m_elements(std::exchange(ioOther.m_elements, nullptr)) {}
@@ -48,6 +48,7 @@ public:
     int Size() const noexcept { return m_elements ? m_elements->size : 0; }
 
     /// Makes the list iCount elements long (0 for a negative count): keeps the first ones, fills new ones with iFill.
+    /// Linear in what it adds.
     void Size(int iCount, float iFill);
 
     /// Adds iValue at the end.
@@ -61,7 +62,7 @@ public:
     float& operator[](int iPosition);
 
     /// 0 when both lists have the same number of elements and all are equal (a NaN equals nothing, 0.0 equals -0.0);
-    /// else -1 or 1, which order lists by their first difference.
+    /// else -1 or 1, which order lists by their first difference. Linear.
     static int Compare(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRight);
 
 private:

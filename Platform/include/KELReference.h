@@ -5,9 +5,9 @@
 
 /// Holds one reference on a counted object (`AddRef`, `Release`) for as long as it lives, or none.
 ///
-/// The one place where the library takes and gives back references: a new reference is always taken before the old one
-/// is given up, so that assigning what is already held, or what only the old object keeps alive, is safe. A holder is
-/// as thread-safe as a plain pointer; the counts themselves are the object's matter.
+/// A new reference is always taken before the old one is given up, so that assigning what is already held, or what only
+/// the old object keeps alive, is safe. A holder is as thread-safe as a plain pointer; the counts themselves are the
+/// object's matter.
 template <class T>
 class KELReference {
 public:

@@ -15,7 +15,7 @@
 ///
 /// The table owns no element. Its elements lie densely, in an order that removals change and lookups do not, so that
 /// `Get(i)` and traversal cost what an array costs. Buckets are added two by two as elements arrive and only the chain
-/// that is split moves: no insertion ever rehashes the whole table, and growing is what growing an array costs.
+/// that is split moves: growing is what growing an array costs.
 ///
 /// A table that is given a salted hash function defends itself against elements that were made to have one hash: an
 /// insertion that meets a chain longer than honest hashes can make gives the table a random salt and links its elements
@@ -81,6 +81,7 @@ public:
     /// The element at iIndex, from 0 to `Size() - 1`; null for any other index.
     void* Get(int iIndex) const { return iIndex >= 0 && iIndex < Size() ? At(iIndex).element : nullptr; }
 
+    /// Number of elements.
     int Size() const { return m_size; }
 
     /// Makes an empty table a copy of another with the same functions: with its order, hashes and chains, and with an

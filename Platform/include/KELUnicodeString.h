@@ -78,9 +78,10 @@ private:
 /// \endcode
 class KEL_API KELUnicodeString {
 public:
+    /// The empty string.
     constexpr KELUnicodeString() noexcept {} // NOLINT(modernize-use-equals-default): exported
 
-    /// Copies iText, UTF-8 up to its terminating zero; null gives the empty string.
+    /// Copies iText, UTF-8 up to its terminating zero; null gives the empty string. Linear.
     KELUnicodeString(const char* iText) // NOLINT(google-explicit-constructor): texts are passed where names are due
         : KELUnicodeString(iText, iText ? std::strlen(iText) : 0)
     {
@@ -92,7 +93,7 @@ public:
     /// Copies a constant.
     constexpr explicit KELUnicodeString(const KELShortText& iText) noexcept : m_form(iText) {}
 
-    /// A copy shares a long text; what is moved from is empty, or is exchanged.
+    /// A copy shares a long text. What is moved from is empty.
     /// @{
     KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_form(iOther.m_form) { AddHolder(); }
     KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_form(ioOther.m_form) { ioOther.m_form = KELShortText(); }
@@ -159,6 +160,7 @@ public:
     }
 
     /// 2 when both texts are identical, else 0 when this string sorts first and 1 when iOther does (by code points).
+    /// Linear in texts of more than 25 bytes, as the operators are.
     int Compare(const KELUnicodeString& iOther) const noexcept
     {
         return IsIdentical(iOther) ? 2 : SortsBefore(iOther) ? 0 : 1;

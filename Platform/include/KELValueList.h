@@ -1,4 +1,3 @@
-// Not for callers: what the platform's own headers and the library stand on.
 #ifndef KELValueList_H
 #define KELValueList_H
 
@@ -18,6 +17,8 @@ template <class T>
 class KEL_API KELValueList {
 public:
     KELValueList() noexcept = default;
+    /// Copying is linear. What is moved from is empty.
+    /// @{
     KELValueList(const KELValueList& iOther);
     KELValueList(KELValueList&& ioOther) noexcept { Swap(ioOther); }
     KELValueList& operator=(KELValueList iOther) noexcept
@@ -25,8 +26,11 @@ public:
         Swap(iOther);
         return *this;
     }
+    /// @}
+
     ~KELValueList();
 
+    /// Number of elements.
     int Size() const noexcept { return m_size; }
 
     /// The element at iPosition, from 1 to `Size()`; valid until the list changes. Any other position is reported as a

@@ -18,8 +18,7 @@ const char* Opening(KELCheckFailureKind iKind)
     return "failure: ";
 }
 
-// One call of a standard output function, which the C library keeps whole among threads; it neither throws nor stops
-// the process when the stream is closed or full.
+// One call of a standard output function, which the C library keeps whole among threads and which does not throw.
 void PrintFailure(const KELCheckFailure& iFailure)
 {
     const auto orEmpty = [](const char* iText) { return iText ? iText : ""; };

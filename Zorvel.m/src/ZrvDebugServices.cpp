@@ -5,12 +5,5 @@ KELUnicodeString ZrvDebugServices::GetTracesFromProperties(const ZrvProperties& 
     return KELUnicodeString();
 }
 
-ZrvDebugServices& ZrvDebugServices::operator=(const ZrvDebugServices& /*iOther*/)
-{
-    return *this;
-}
-
-ZrvDebugServices& ZrvDebugServices::operator=(ZrvDebugServices&& /*iOther*/) noexcept
-{
-    return *this;
-}
+ZrvDebugServices& ZrvDebugServices::operator=(const ZrvDebugServices&) = default;
+ZrvDebugServices& ZrvDebugServices::operator=(ZrvDebugServices&&) noexcept = default;

@@ -13,9 +13,8 @@
 #include <vector>
 
 /// \file
-/// What leaves a set goes after the set's locks: its end may run code of the host's, which may take locks of its own
-/// and use any set. An operation declares one of these before it locks, moves out what it takes away, and lets it go
-/// when it returns, the locks given back.
+/// Destroying what leaves a set may run the host's code, which may take locks of its own and use any set. So an
+/// operation moves it into one of these, declared before the lock, and it is destroyed after the unlock.
 
 /// Objects and prototypes that an operation gives up, or holds while the host is asked.
 class ZrvGivenUp {

@@ -90,6 +90,15 @@ ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability_Int(const
     return IsDeclared_Int(iPropertyName, ioGivenUp) ? ZrvProperties::zrvPA_Available : ZrvProperties::zrvPA_Unavailable;
 }
 
+ZrvProperties::PropertyAvailability ZrvPropertiesData::CheckAvailability_Int(const KELUnicodeString& iPropertyName,
+                                                                             ZrvGivenUp& ioGivenUp) const
+{
+    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
+    kCheck.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable,
+                 "ZrvProperties::zrvPA_Unavailable!=propertyAvailability");
+    return propertyAvailability;
+}
+
 ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                                          ZrvProperty::Prototype& ioPropertyPrototype, ZrvGivenUp& ioGivenUp)
 {
@@ -102,9 +111,8 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, 
     if (!kCheck.HasTypeName(iPropertyType)) {
         return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: Missing propertyType");
     }
-    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
-    if (!kCheck.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable,
-                      "ZrvProperties::zrvPA_Unavailable!=propertyAvailability")) {
+    const ZrvProperties::PropertyAvailability propertyAvailability = CheckAvailability_Int(iPropertyName, ioGivenUp);
+    if (propertyAvailability == ZrvProperties::zrvPA_Unavailable) {
         return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: property not available");
     }
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
@@ -135,9 +143,8 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, 
 ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp)
 {
     ZrvConstPropertiesPrototype* const prototype = ioGivenUp.Hold(m_pPrototype.Get());
-    const ZrvProperties::PropertyAvailability propertyAvailability = GetAvailability_Int(iPropertyName, ioGivenUp);
-    if (!kCheck.Holds(propertyAvailability != ZrvProperties::zrvPA_Unavailable,
-                      "ZrvProperties::zrvPA_Unavailable!=propertyAvailability")) {
+    const ZrvProperties::PropertyAvailability propertyAvailability = CheckAvailability_Int(iPropertyName, ioGivenUp);
+    if (propertyAvailability == ZrvProperties::zrvPA_Unavailable) {
         return ZrvRC::zrvEC_Error;
     }
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {

@@ -25,7 +25,7 @@ class ZrvPropertyDefinition;
 /// lock held.
 ///
 /// What an operation asks of the host (prototypes, values, counts of objects, the handler of failed checks) may change
-/// this set meanwhile. So an operation asks first and looks up afterwards: no pointer into the map is used behind a
+/// this set meanwhile. So an operation asks first and looks up afterwards: no pointer into the map is used after a
 /// call to the host. What leaves the set goes after the lock, in a `ZrvGivenUp` or a `ZrvPropertiesContents`.
 class ZrvPropertiesData {
 public:
@@ -54,7 +54,8 @@ public:
     /// `zrvEC_NothingDone`. The short cut of nearly all calls: such a value passes every check on the long way.
     ZrvRC::ErrorCode AssignIfSameClass(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue);
 
-    /// \param iOfNothing what it returns for a source without properties
+    /// \param iOfNothing what it returns when there is nothing to copy: an error where the source has listed names,
+    /// which are then not there
     ZrvRC SetFromProperties(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing);
 
 private:
@@ -68,6 +69,10 @@ private:
     ZrvRC AddAsAnswered_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) KEL_REQUIRES(m_mutex);
     ZrvProperties::PropertyAvailability GetAvailability_Int(const KELUnicodeString& iPropertyName,
                                                             ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
+
+    /// The same, and reports a name that is not available.
+    ZrvProperties::PropertyAvailability CheckAvailability_Int(const KELUnicodeString& iPropertyName,
+                                                              ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
     KELUnicodeString GetPropertyType_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
     ZrvRC SetProperty_Int(const KELUnicodeString& iPropertyName, const ZrvPropertyValueBase& iValue,
                           ZrvValueHolder& oGivenUp) KEL_REQUIRES(m_mutex);

@@ -27,12 +27,5 @@ ZrvPropertyType ZrvPropertyTypeConv::GetEnum(const KELUnicodeString& iTypeName)
     return static_cast<ZrvPropertyType>(type);
 }
 
-ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(const ZrvPropertyTypeConv& /*iOther*/)
-{
-    return *this;
-}
-
-ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(ZrvPropertyTypeConv&& /*iOther*/) noexcept
-{
-    return *this;
-}
+ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(const ZrvPropertyTypeConv&) = default;
+ZrvPropertyTypeConv& ZrvPropertyTypeConv::operator=(ZrvPropertyTypeConv&&) noexcept = default;

@@ -44,8 +44,8 @@ struct ZrvValueClass {
 
 /// Owns a value, or none: in its own room if its class is in the table, else on the heap.
 ///
-/// A set has values in the room alone. One on the heap is a duplicate of a class of the host's own, which a property
-/// that was made without a value has taken.
+/// In a set every value lies in the room. A value lies on the heap only in a property that was made without one and
+/// then took a duplicate.
 class ZrvValueHolder {
 public:
     ZrvValueHolder() noexcept = default;

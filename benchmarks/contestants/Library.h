@@ -87,12 +87,8 @@ struct LibraryContestant {
         /// Reads a number as README shows it.
         bool ReadWidth(std::uint32_t& oValue) const
         {
-            const ZrvPropertyValueBase* value = m_set.GetProperty("width");
-            if (value && value->GetType() == ZrvPropertyTypeConv::GetAsUnicode(zrvPT_UINT32)) {
-                oValue = static_cast<const ZrvPropertyValue<KELUINT32>*>(value)->GetValue();
-                return true;
-            }
-            return false;
+            oValue = ZrvReadProperty<KELUINT32>(m_set, "width");
+            return oValue != 0;
         }
 
         /// The first byte of a text; 0 when there is no text of that name.

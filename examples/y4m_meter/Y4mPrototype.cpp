@@ -1,24 +1,18 @@
 #include "Y4mPrototype.h"
 
+#include "ZrvPropertyAccess.h"
+
 #include <cassert>
 #include <initializer_list>
 
 namespace {
 
-struct Declaration {
-    const KELUnicodeString& name;
-    ZrvPropertyType type;
-    ZrvConstPropertiesPrototype* nested = nullptr;
-};
-
 // Declaring names that differ, each with a known type, cannot be refused.
-KELReference<ZrvPrototypeImpl> Declare(std::initializer_list<Declaration> iDeclarations)
+KELReference<ZrvPrototypeImpl> Declare(std::initializer_list<ZrvPropertyDeclaration> iDeclarations)
 {
     auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
-    for (const Declaration& declaration : iDeclarations) {
-        [[maybe_unused]] ZrvRC rc = prototype->AddProperty(declaration.name, declaration.type, declaration.nested);
-        assert(rc.IsValid());
-    }
+    [[maybe_unused]] ZrvRC rc = ZrvDeclareProperties(*prototype.Get(), iDeclarations);
+    assert(rc.IsValid());
     return prototype;
 }
 
