@@ -1,4 +1,3 @@
-#include "Handed.h"
 #include "Module.h"
 #include "Side.h"
 
@@ -54,23 +53,6 @@ TEST(LoadedLibrary, IsLoadedUsedAndUnloadedWithoutGrowth)
     if (kCanMeasureMemory) {
         EXPECT_LT(PrivateMemory(), settled + kLoads * kAllowedPerLoad);
     }
-}
-
-TEST(LoadedLibrary, WhatItHandedOutOutlivesIt)
-{
-    {
-        const Module keeper(KEEPER_MODULE);
-        Handed* const handed = keeper.Function<Handed*()>("Keep")();
-        {
-            const Module caller(CALLER_MODULE);
-            caller.Function<void(Handed*)>("HandOut")(handed);
-        }
-        ASSERT_FALSE(Module::IsLoaded(CALLER_MODULE));
-        ASSERT_FALSE(Module::IsLoaded(ZORVEL_MODULE));
-        EXPECT_TRUE(keeper.Function<bool(Handed*)>("ReadAndDestroy")(handed));
-    }
-    EXPECT_FALSE(Module::IsLoaded(KEEPER_MODULE));
-    EXPECT_FALSE(Module::IsLoaded(PLATFORM_MODULE));
 }
 
 } // namespace
