@@ -72,7 +72,7 @@ TEST(KELRawCollfloat, SharesUntilItIsChangedOrHasLentAnElement)
     copy.Append(4.0F);
     list = copy;
     list.Size(2, 0.0F);
-    EXPECT_TRUE(isSame(copy, {1.0F, 2.0F, 3.0F, 4.0F}) && isSame(list, {1.0F, 2.0F}) && kept.Size() == 3);
+    EXPECT_TRUE(isSame(copy, {1.0F, 2.0F, 3.0F, 4.0F}) && isSame(list, {1.0F, 2.0F}) && kept[1] == 1.0F);
     list.Size(4, 7.0F);
     EXPECT_TRUE(isSame(list, {1.0F, 2.0F, 7.0F, 7.0F}));
     list.Size(-1, 0.0F);

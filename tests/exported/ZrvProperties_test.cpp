@@ -94,7 +94,8 @@ TEST_F(ZrvPropertiesTest, HostsPrototypesMayAnswerNonsense)
     odd.typeOf = [](const KELUnicodeString& iName) { return iName; };
     EXPECT_EQ(Answer(set.AddProperty("float")), "ok");
     EXPECT_EQ(Answer(set.AddProperty("x")), "error");
-    EXPECT_EQ(CountOf(nested), 2U) << "given back when the property could not be made";
+    const ZrvProperties copy(set);
+    EXPECT_EQ(CountOf(nested), 3U) << "given back when the property could not be made, and held by the copy";
     EXPECT_EQ(Answer(set.AddProperty("absent")),
               "error [condition ZrvProperties::zrvPA_Unavailable!=propertyAvailability in ZrvProperties_data]");
     odd.typeOf = [](const KELUnicodeString&) { return ""; };
