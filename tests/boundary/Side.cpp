@@ -1,6 +1,5 @@
 #include "Side.h"
 
-#include "Maker.h"
 #include "RandomUse.h"
 
 #include <memory>

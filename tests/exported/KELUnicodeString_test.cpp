@@ -6,8 +6,6 @@
 #include <iterator>
 #include <numeric>
 #include <sstream>
-#include <string>
-#include <utility>
 #include <vector>
 
 namespace {

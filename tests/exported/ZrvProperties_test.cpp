@@ -3,8 +3,6 @@
 #include "CountedObject.h"
 #include "ReportingTest.h"
 
-#include <functional>
-#include <memory>
 #include <set>
 
 namespace {

@@ -1,5 +1,3 @@
-#include "ZrvPropertyValue.h"
-
 #include "CountedObject.h"
 #include "Maker.h"
 #include "ReportingTest.h"

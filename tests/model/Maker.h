@@ -2,8 +2,7 @@
 #define Maker_H
 
 #include "ValueModel.h"
-#include "ZrvProperties.h"
-#include "ZrvPrototypeImpl.h"
+#include "Zorvel.h"
 
 #include <functional>
 

@@ -2,8 +2,7 @@
 #define Model_H
 
 #include "ValueModel.h"
-#include "ZrvProperties.h"
-#include "ZrvPrototypeImpl.h"
+#include "Zorvel.h"
 
 #include <map>
 #include <string>

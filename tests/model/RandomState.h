@@ -6,7 +6,6 @@
 #include "Model.h"
 #include "OwnMemory.h"
 #include "RandomUse.h"
-#include "ZrvPropertyAccess.h"
 
 #include <iterator>
 #include <memory>

@@ -1,5 +1,4 @@
 #include "CountedObject.h"
-#include "KELCheckFailure.h"
 #include "Zorvel.h"
 
 #include <gtest/gtest.h>
@@ -7,11 +6,9 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
-#include <functional>
 #include <future>
 #include <mutex>
 #include <numeric>
-#include <string>
 #include <vector>
 
 namespace {
