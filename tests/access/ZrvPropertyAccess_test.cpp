@@ -92,8 +92,9 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
     EXPECT_EQ(PrintToString(set), "a\\x0Ab  KELBoolean              true\nlist    floatList               [0 0 0]\n"
                                   "\xC3\xA9       KELUnicodeString        "
                                   "\"\\\"\\\\\\x0A\xC3\xA9\\x9B\\xE2\\x80\\xAE\\xC2\\x9B\\x7F\"\n");
-    EXPECT_EQ(PrintToString(ZrvRC(static_cast<ZrvRC::ErrorCode>(2), "x")) + PrintToString(KELUnicodeString("\n", 2)),
-              std::string("error 2: x\n\0", 12));
+    EXPECT_EQ(PrintToString(ZrvRC()) + PrintToString(ZrvRC(static_cast<ZrvRC::ErrorCode>(2), "x")),
+              "zrvEC_OKerror 2: x");
+    EXPECT_EQ(PrintToString(KELUnicodeString("\n", 2)), std::string("\n\0", 2));
     KELSysTSListOfUnicodeString names;
     names.PutBack("b");
     EXPECT_EQ(std::vector(begin(names), end(names)).at(0).ConvertToChar(), std::string("b"));

@@ -12,14 +12,6 @@ using Clock = KELSysElapseTime;
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-void Count(ZrvFPSMeasure& ioMeter, int iFrames, double iMicroseconds)
-{
-    while (iFrames-- > 0) {
-        ioMeter.IncrementFrames();
-    }
-    Clock::s_microseconds = iMicroseconds;
-}
-
 TEST(ZrvFPSMeasure, MeasuresAfterWholePeriods)
 {
     constexpr int kSame = -9;
@@ -44,7 +36,10 @@ TEST(ZrvFPSMeasure, MeasuresAfterWholePeriods)
     std::unique_ptr<ZrvFPSMeasure> meter;
     for (const auto& [period, frames, clock, asked, answer] : rows) {
         meter = period == kSame ? std::move(meter) : std::make_unique<ZrvFPSMeasure>(period);
-        Count(*meter, frames, clock);
+        for (int i = 0; i < frames; ++i) {
+            meter->IncrementFrames();
+        }
+        Clock::s_microseconds = clock;
         if (asked == 'c') {
             meter->m_clock.ahead = 1e6;
             meter = std::make_unique<ZrvFPSMeasure>(*meter);

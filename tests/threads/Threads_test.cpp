@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <future>
 #include <mutex>
-#include <numeric>
 #include <vector>
 
 namespace {
@@ -102,10 +102,10 @@ bool IsWhole(const ZrvProperties& iSet)
 {
     KELListValKELUnicodeString names;
     const int count = iSet.GetListProperties(names);
-    const int sum = std::accumulate(begin(names), end(names), 0, [&iSet](int iSum, const KELUnicodeString& iName) {
-        return iSum + ZrvReadProperty<KELINT32>(iSet, iName);
-    });
-    return (count == 3 && sum == 3) || (count == 9 && sum == 18);
+    const auto isRight = [&](const KELUnicodeString& iName) {
+        return ZrvReadProperty<KELINT32>(iSet, iName) == (count == 3 ? 1 : 2);
+    };
+    return (count == 3 || count == 9) && std::all_of(begin(names), end(names), isRight);
 }
 
 // Copies go in every direction. A reader meets what was assigned as a whole, never an emptied or half-filled set.
