@@ -44,6 +44,12 @@ void ZrvPropertiesData::MoveIn_Int(ZrvPropertiesContents& ioContents)
     }
 }
 
+ZrvProperty* ZrvPropertiesData::Find_Int(const KELUnicodeString& iPropertyName) const
+{
+    const PropertyMap::Entry* const entry = m_propertyMap.Find(iPropertyName);
+    return entry ? entry->value : nullptr;
+}
+
 const ZrvPropertyDefinition* ZrvPropertiesData::Declared_Int(const KELUnicodeString& iPropertyName) const
 {
     return m_pPrototype ? ZrvPrototypeImpl::Declared(*m_pPrototype.Get(), iPropertyName) : nullptr;
@@ -233,7 +239,7 @@ ZrvProperties::PropertyAvailability ZrvPropertiesData::GetAvailability(const KEL
 int ZrvPropertiesData::HasProperty(const KELUnicodeString& iPropertyName) const
 {
     const ZrvLock lock(m_mutex);
-    return m_propertyMap.Contains(iPropertyName);
+    return m_propertyMap.Find(iPropertyName) ? 1 : 0;
 }
 
 int ZrvPropertiesData::GetListProperties(KELListValKELUnicodeString& ioList) const
@@ -257,8 +263,8 @@ const ZrvPropertyValueBase* ZrvPropertiesData::GetProperty(const KELUnicodeStrin
     if (!kCheck.HasName(iPropertyName)) {
         return nullptr;
     }
-    const ZrvProperty* property = Find_Int(iPropertyName);
-    return property ? property->GetValue() : nullptr;
+    const PropertyMap::Entry* const entry = m_propertyMap.Find(iPropertyName);
+    return entry && entry->value ? entry->value->GetValue() : nullptr;
 }
 
 KELUnicodeString ZrvPropertiesData::GetPropertyType(const KELUnicodeString& iPropertyName) const
@@ -299,7 +305,8 @@ ZrvRC::ErrorCode ZrvPropertiesData::AssignIfSameClass(const KELUnicodeString& iP
 {
     KELReference<KELSysTSBaseUnknown> object; // the new one, then the old one
     const ZrvLock lock(m_mutex);
-    ZrvProperty* property = Find_Int(iPropertyName);
+    const PropertyMap::Entry* const entry = m_propertyMap.Find(iPropertyName);
+    ZrvProperty* property = entry ? entry->value : nullptr;
     if (!property || !property->HasClassOf(iValue)) {
         return ZrvRC::zrvEC_NothingDone;
     }

@@ -116,11 +116,7 @@ private:
     /// @}
 
     /// The property of that name, or null.
-    KEL_ALWAYS_INLINE ZrvProperty* Find_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex)
-    {
-        ZrvProperty* const* property = m_propertyMap.Locate(iPropertyName);
-        return property ? *property : nullptr;
-    }
+    ZrvProperty* Find_Int(const KELUnicodeString& iPropertyName) const KEL_REQUIRES(m_mutex);
 
     /// The property with the name of another set's entry, if it has the same class of value. iIndex guesses where;
     /// when it is not there, ioIsInPlace becomes false.

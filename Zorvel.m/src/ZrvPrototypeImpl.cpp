@@ -181,5 +181,6 @@ const ZrvPropertyDefinition* ZrvPrototypeImpl::GetPropertyDefinition(const KELUn
     if (!HasMap(m_properties)) {
         return nullptr;
     }
-    return std::as_const(*m_properties).Locate(iPropertyName);
+    const DefinitionMap::Entry* const entry = std::as_const(*m_properties).Find(iPropertyName);
+    return entry ? &entry->value : nullptr;
 }
