@@ -32,7 +32,7 @@ TEST(Hosts, NamesOfOneHashAreComparedAsSeldomAsOthers)
     static std::size_t s_comparisons = 0;
     std::vector<Name> names = NamesOfOneHash(kMany);
     KELSysSimpleHashTable table(
-        0, [](void* iName) { return static_cast<Name*>(iName)->ComputeHashKey(); },
+        kMany / 2, [](void* iName) { return static_cast<Name*>(iName)->ComputeHashKey(); },
         [](void* iLeft, void* iRight) {
             return ++s_comparisons, *static_cast<Name*>(iLeft) == *static_cast<Name*>(iRight) ? 1 : 0;
         },
