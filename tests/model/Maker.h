@@ -2,7 +2,6 @@
 #define Maker_H
 
 #include "ValueModel.h"
-#include "Zorvel.h"
 
 #include <functional>
 

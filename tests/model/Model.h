@@ -2,7 +2,6 @@
 #define Model_H
 
 #include "ValueModel.h"
-#include "Zorvel.h"
 
 #include <map>
 #include <string>

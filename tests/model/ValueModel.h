@@ -1,9 +1,8 @@
 #ifndef ValueModel_H
 #define ValueModel_H
 
-#include "ZrvPropertyValue.h"
+#include "Zorvel.h"
 
-#include <algorithm>
 #include <array>
 #include <variant>
 
@@ -16,7 +15,7 @@ inline bool operator==(const KELRawCollfloat& iLeft, const KELRawCollfloat& iRig
 inline const KELUnicodeString g_typeNames[] = {ZRV_PROPERTY_TYPES(ZRV_NAME) ""};
 #undef ZRV_NAME
 
-/// The contents of a value, alternatives in the order of the nine types; the last one is a value without a type. An
+/// The contents of a value, alternatives in the order of the types; the last one is a value without a type. An
 /// object is not counted.
 #define ZRV_CONTENTS(id, name, type) type,
 using ValueModel = std::variant<ZRV_PROPERTY_TYPES(ZRV_CONTENTS) std::monostate>;
@@ -32,11 +31,13 @@ ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
 {
     if constexpr (Type == zrvPT_Undefined) {
         return std::monostate();
-    } else if (iValue.GetType() != g_typeNames[Type]) {
-        return ReadValue<Type + 1>(iValue);
     } else {
         using T = std::variant_alternative_t<Type, ValueModel>;
-        const T contents = static_cast<const ZrvPropertyValue<T>&>(iValue).GetValue();
+        const ZrvPropertyValue<T>* const value = ZrvPropertyCast<T>(&iValue);
+        if (!value) {
+            return ReadValue<Type + 1>(iValue);
+        }
+        const T contents = value->GetValue();
         if constexpr (Type == zrvPT_BaseUnknownPtr) {
             contents ? contents->Release() : 0; // the reference that reading has added
         }
