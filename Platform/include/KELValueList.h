@@ -16,17 +16,21 @@
 template <class T>
 class KEL_API KELValueList {
 public:
+    /// An empty list.
     KELValueList() noexcept = default;
-    /// Copying is linear. What is moved from is empty.
-    /// @{
+
+    /// A copy of all elements. Linear.
     KELValueList(const KELValueList& iOther);
+
+    /// Takes the other's elements over; the other is empty then.
     KELValueList(KELValueList&& ioOther) noexcept { Swap(ioOther); }
+
+    /// Takes the elements of a copy, or of what was moved, over. Linear in a copy.
     KELValueList& operator=(KELValueList iOther) noexcept
     {
         Swap(iOther);
         return *this;
     }
-    /// @}
 
     ~KELValueList();
 
@@ -44,6 +48,7 @@ public:
     void Reserve(int iCount);
 
 protected:
+    /// Adds a copy at the end.
     void Add(const T& iElement);
 
 private:
