@@ -172,7 +172,7 @@ private:
     SaltedHashFunction m_saltedHash;
     std::vector<Slot> m_slots; // the elements first, then room
     int m_size = 0;            // in elements
-    std::size_t m_buckets = 0; // in use, of all slots
+    std::size_t m_buckets = 0; // of all slots: kept, since a look-up would have to divide for it
     std::size_t m_mask = 0;    // the least 2^n - 1 that covers every bucket
     bool m_isSalted = false;
     KELHashSalt m_salt;

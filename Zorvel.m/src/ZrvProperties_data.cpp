@@ -1,5 +1,6 @@
 #include "ZrvProperties_data.h"
 
+#include "ZrvIsExactly.h"
 #include "ZrvLock.h"
 #include "ZrvPropertyDefinition.h"
 #include "ZrvPrototypeImpl.h"
@@ -57,8 +58,13 @@ const ZrvPropertyDefinition* ZrvPropertiesData::Declared_Int(const KELUnicodeStr
 
 bool ZrvPropertiesData::IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const
 {
-    return !m_pPrototype || Declared_Int(iPropertyName) ||
-           ioGivenUp.Hold(m_pPrototype.Get())->HasProperty(iPropertyName).IsValid();
+    if (!m_pPrototype) {
+        return true;
+    }
+    if (ZrvIsExactly<ZrvPrototypeImpl>(*m_pPrototype.Get())) {
+        return Declared_Int(iPropertyName) != nullptr;
+    }
+    return ioGivenUp.Hold(m_pPrototype.Get())->HasProperty(iPropertyName).IsValid();
 }
 
 bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,

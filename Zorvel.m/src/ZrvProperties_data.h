@@ -56,7 +56,7 @@ public:
 
     /// \param iOfNothing what it returns when there is nothing to copy: an error where the source has listed names,
     /// which are then not there
-    ZrvRC SetFromProperties(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing);
+    ZrvRC SetFromProperties(const ZrvPropertiesData& iSource, ZrvRC::ErrorCode iOfNothing = ZrvRC::zrvEC_Error);
 
 private:
     using PropertyMap = ZrvPropertiesContents::Map;
@@ -88,8 +88,8 @@ private:
     ZrvRC AddForCopy_Int(const KELUnicodeString& iPropertyName, const ZrvValueHolder& iValue, ZrvGivenUp& ioGivenUp)
         KEL_REQUIRES(m_mutex);
 
-    /// Copies of all properties: of all at once, or one by one. An assigned one has the nested prototype that is
-    /// declared, and no parameters.
+    /// Copies of all properties: of all at once, where the set is whole, or one by one. An assigned one has the nested
+    /// prototype that is declared, and no parameters.
     /// @{
     void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);

@@ -13,7 +13,11 @@ ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource)
     ZrvPropertiesContents copy;
     const ZrvPairLock lock(m_mutex, iSource.m_mutex);
     copy.prototype = iSource.m_pPrototype;
-    iSource.CopyAllTo_Int(copy, false);
+    if (iSource.IsWhole_Int()) {
+        iSource.CopyAllTo_Int(copy, false);
+    } else {
+        iSource.CopyOneByOneTo_Int(copy, false);
+    }
     MoveIn_Int(copy);
 }
 
@@ -71,7 +75,7 @@ void ZrvPropertiesData::CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssi
     const auto copyValue = [&oCopy](const PropertyMap::Entry& iEntry) {
         return oCopy.pool.Make(*iEntry.value).release();
     };
-    if (!IsWhole_Int() || !oCopy.map.CopyFrom(m_propertyMap, copyValue)) {
+    if (!oCopy.map.CopyFrom(m_propertyMap, copyValue)) {
         CopyOneByOneTo_Int(oCopy, iIsAssigned);
         return;
     }
