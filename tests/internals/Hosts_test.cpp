@@ -80,17 +80,23 @@ TEST(Hosts, ASetMayTakeFromASetThatGoesWithWhatIsReplaced)
     }
 }
 
-TEST(Hosts, AnObjectMayEmptyTheSetThatCountsIt)
+TEST(Hosts, AnObjectMayReplaceTheSetThatCountsIt)
 {
-    struct Emptying : CountedObject {
-        KELUINT32 AddRef() override { return *emptied = ZrvProperties(), CountedObject::AddRef(); }
-        ZrvProperties own, *emptied = &own;
+    struct Replacing : CountedObject {
+        KELUINT32 AddRef() override { return *replaced = with, CountedObject::AddRef(); }
+        ZrvProperties own, with, *replaced = &own;
     } object;
-    const ZrvPropertyValue<KELSysTSBaseUnknown*> value(&object);
-    ZrvProperties set;
-    ZrvPublishProperty<KELSysTSBaseUnknown*>(set, "object", nullptr);
-    object.emptied = &set;
+    const ZrvPropertyValue<KELSysTSBaseUnknown*> value(&object), none(nullptr);
+    ZrvProperties source;
+    ZrvPublishProperty(source, "object", value), ZrvPublishProperty(source, "last", 0.5F);
+    ZrvProperties set(source), held(source);
+    object.replaced = &set;
     EXPECT_TRUE(set.SetProperty("object", value).IsError() && !set.HasProperty("object"));
+    ZrvPublishProperty(object.with, "object", none), ZrvPublishProperty(object.with, "other", 0.0F);
+    ZrvPublishProperty(object.with, "last", 0.0F);
+    object.replaced = &held;
+    EXPECT_TRUE(held.SetFromProperties(source).IsValid() && ZrvReadProperty<float>(held, "last") == 0.5F);
+    EXPECT_EQ(ZrvReadProperty<float>(held, "other"), 0.0F) << "has come to where the last one was";
 }
 
 TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)
