@@ -96,9 +96,9 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
               "zrvEC_OKerror 2: x");
     EXPECT_EQ(PrintToString(KELUnicodeString("\n", 2)), std::string("\n\0", 2));
     KELSysTSListOfUnicodeString names;
-    names.PutBack("b");
+    names.PutBack("b"), names.PutBack(names[1]);
     const KELSysTSListOfUnicodeString copy(names);
-    EXPECT_EQ(std::vector(begin(copy), end(copy)).at(0).ConvertToChar(), std::string("b"));
+    EXPECT_EQ(std::vector(begin(copy), end(copy)).at(1).ConvertToChar(), std::string("b"));
 
     const auto object = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject);
     EXPECT_EQ(Answer(ZrvPublishProperty(set, "object", object.Get())), "ok");
