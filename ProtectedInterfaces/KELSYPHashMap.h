@@ -116,7 +116,9 @@ public:
         m_pool.Reserve(static_cast<std::size_t>(iOther.Size()));
         return Access::CopyAll(iOther.m_table, m_table, [this, &iCopy](void* iElement) -> void* {
             const Entry& entry = *static_cast<const Entry*>(iElement);
-            return m_pool.Make(entry.key, iCopy(entry)).release();
+            typename Pool::Owner copy = m_pool.Make(entry.key, V());
+            copy->value = iCopy(entry);
+            return copy.release();
         });
     }
 

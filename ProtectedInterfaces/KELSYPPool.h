@@ -36,7 +36,7 @@ public:
     struct Deleter {
         void operator()(T* iObject) const noexcept
         {
-            iObject->T::~T(); // exactly a T
+            Destroy(iObject);
             pool->Give(iObject);
         }
 
@@ -66,6 +66,14 @@ public:
 
     /// Owns an object that was released from its owner.
     Owner Own(T* iObject) noexcept { return Owner(iObject, Deleter{this}); }
+
+    /// Destroys an object that was released from its owner, if any, when the pool goes next and needs no block back.
+    static void Destroy(T* iObject) noexcept
+    {
+        if (iObject) {
+            iObject->T::~T(); // exactly a T
+        }
+    }
 
     /// Makes room for iCount more objects in one chunk. Does nothing for a count that two chunks of the first size
     /// cover: two that allocators keep at hand cost less than a larger one. Throws `std::bad_alloc`.

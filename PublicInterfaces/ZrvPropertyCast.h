@@ -3,10 +3,16 @@
 
 #include "KELReference.h"
 #include "KELSysTSBaseUnknown.h"
+#include "ZrvExport.h"
 #include "ZrvIsExactly.h"
+#include "ZrvPropertyType.h"
 #include "ZrvPropertyTypeConv.h"
 #include "ZrvPropertyValue.h"
 #include "ZrvPropertyValueBase.h"
+
+/// Whether a value is of the library's own class for a type, as the values that sets make are. False says nothing:
+/// another module has the class for itself. Saves `ZrvPropertyCast` a comparison of the classes' names.
+ZRV_API bool ZrvIsOfLibrary(const ZrvPropertyValueBase& iValue, ZrvPropertyType iType) noexcept;
 
 /// The value as a value of type T; null for null and for a value of another type.
 ///
@@ -25,7 +31,7 @@ const ZrvPropertyValue<T>* ZrvPropertyCast(const ZrvPropertyValueBase* iValue)
         return nullptr;
     }
     // An object of exactly this class answers with its own type name. Nearly all are, and need no search of bases.
-    if (ZrvIsExactly<ZrvPropertyValue<T>>(*iValue)) {
+    if (ZrvIsOfLibrary(*iValue, ZrvPropertyValue<T>::kType) || ZrvIsExactly<ZrvPropertyValue<T>>(*iValue)) {
         return static_cast<const ZrvPropertyValue<T>*>(iValue);
     }
     if (iValue->GetType() != ZrvPropertyTypeConv::GetAsUnicode(ZrvPropertyValue<T>::kType)) {

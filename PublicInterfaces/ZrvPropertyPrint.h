@@ -45,38 +45,58 @@ inline char32_t CodePoint(std::string_view iCharacter)
     return code;
 }
 
-/// Whether a reader sees iCharacter as what it is: neither ill-formed nor a control of the terminal's or of the
-/// direction of writing.
+/// Whether a reader sees iCharacter as what it is: well-formed, and no control of the terminal's or of the direction of
+/// writing, format character, separator of lines, surrogate, private or unassigned character.
 inline bool IsPrintable(std::string_view iCharacter)
 {
-    constexpr std::pair<char32_t, char32_t> kUnprintable[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x61C, 0x61C},
-                                                              {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+    struct CodePoints {
+        char32_t first;
+        char32_t last;
+    };
+    constexpr CodePoints kUnprintable[] = {
+        // sorted; not static, which would keep a module that prints from unloading
+        {0x0000, 0x001F},   {0x007F, 0x009F},    {0x00AD, 0x00AD},   {0x0600, 0x0605},   {0x061C, 0x061C},
+        {0x06DD, 0x06DD},   {0x070F, 0x070F},    {0x0890, 0x0891},   {0x08E2, 0x08E2},   {0x180E, 0x180E},
+        {0x200B, 0x200F},   {0x2028, 0x202E},    {0x2060, 0x206F},   {0xD800, 0xF8FF},   {0xFDD0, 0xFDEF},
+        {0xFEFF, 0xFEFF},   {0xFFF0, 0xFFFB},    {0xFFFE, 0xFFFF},   {0x110BD, 0x110BD}, {0x110CD, 0x110CD},
+        {0x13430, 0x1343F}, {0x1BCA0, 0x1BCA3},  {0x1D173, 0x1D17A}, {0x1FFFE, 0x1FFFF}, {0x2FFFE, 0x2FFFF},
+        {0x323B0, 0xE00FF}, {0xE01F0, 0x1FFFFF},
+    };
     if (iCharacter.size() == 1 && static_cast<unsigned char>(iCharacter[0]) >= 0x80) {
         return false; // a byte that is no character
     }
     const char32_t code = CodePoint(iCharacter);
     return std::none_of(std::begin(kUnprintable), std::end(kUnprintable),
-                        [code](const auto& iRange) { return code >= iRange.first && code <= iRange.second; });
+                        [code](const CodePoints& iRange) { return code >= iRange.first && code <= iRange.last; });
+}
+
+/// Calls `iVisit(character, isPrintable)` for each character of the text.
+template <class Visit>
+void ForEachCharacter(std::string_view iText, const Visit& iVisit)
+{
+    while (!iText.empty()) {
+        const std::string_view character = iText.substr(0, KELUtf8::CharacterLength(iText.data(), iText.size()));
+        iVisit(character, IsPrintable(character));
+        iText.remove_prefix(character.size());
+    }
 }
 
 /// The text with a backslash in front of quotes and backslashes, and "\x0A" for each byte that cannot be printed.
 inline std::string Escaped(const KELUnicodeString& iText)
 {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     const std::string_view text(iText.ConvertToChar(), iText.LengthInBytes());
     std::string result;
-    for (std::size_t length = 0, i = 0; i < text.size(); i += length) {
-        length = KELUtf8::CharacterLength(&text[i], text.size() - i);
-        const std::string_view character = text.substr(i, length);
-        if (IsPrintable(character)) {
-            result.append(character == "\"" || character == "\\" ? "\\" : "").append(character);
-            continue;
+    ForEachCharacter(text, [&result](std::string_view iCharacter, bool iIsPrintable) {
+        if (iIsPrintable) {
+            result.append(iCharacter == "\"" || iCharacter == "\\" ? "\\" : "").append(iCharacter);
+            return;
         }
-        for (const char byte : character) {
+        constexpr char kDigits[] = "0123456789ABCDEF";
+        for (const char byte : iCharacter) {
             const auto bits = static_cast<unsigned char>(byte);
             result.append("\\x").append({kDigits[bits >> 4U], kDigits[bits & 0xFU]});
         }
-    }
+    });
     return result;
 }
 
@@ -141,6 +161,18 @@ inline void PrintColumn(std::ostream& ioOutput, const std::string& iText, std::s
 }
 
 } // namespace ZrvPropertyAccess
+
+/// The text for a terminal: with a question mark in place of each character that is ill-formed or cannot be printed,
+/// such as those that control a terminal or the direction of writing. Linear.
+/// \param iKeepsLines whether line breaks ("\n") stay
+inline std::string ZrvPrintable(std::string_view iText, bool iKeepsLines = false)
+{
+    std::string result;
+    ZrvPropertyAccess::ForEachCharacter(iText, [&result, iKeepsLines](std::string_view iCharacter, bool iIsPrintable) {
+        result.append(iIsPrintable || (iKeepsLines && iCharacter == "\n") ? iCharacter : "?");
+    });
+    return result;
+}
 
 /// Prints a string's bytes as they are, and fills up to the stream's width as for any text.
 /// \code

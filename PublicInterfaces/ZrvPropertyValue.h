@@ -138,9 +138,13 @@ private:
         if (ZrvIsExactly<ZrvPropertyValue>(*this) && ZrvIsExactly<ZrvPropertyValue>(iOther)) {
             return static_cast<const ZrvPropertyValue*>(&iOther);
         }
-        const bool hasSameTypeName = GetType().GetLengthInChar() >= 1 && iOther.GetType().GetLengthInChar() >= 1 &&
-                                     GetType().Compare(iOther.GetType()) == 2;
-        return hasSameTypeName ? dynamic_cast<const ZrvPropertyValue*>(&iOther) : nullptr;
+        return HasSameTypeName(iOther) ? dynamic_cast<const ZrvPropertyValue*>(&iOther) : nullptr;
+    }
+
+    bool HasSameTypeName(const ZrvPropertyValueBase& iOther) const
+    {
+        const KELUnicodeString type = GetType();
+        return type.GetLengthInChar() >= 1 && type.Compare(iOther.GetType()) == 2;
     }
 
     static bool AreEqual(const T& iFirst, const T& iSecond)

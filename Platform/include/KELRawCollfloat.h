@@ -30,22 +30,19 @@ public:
     /// An empty list with room for iReserved elements.
     explicit KELRawCollfloat(int iReserved = 0);
 
-    /// A copy shares the elements. Move construction leaves the source empty; move assignment exchanges the two.
+    /// A copy shares the elements, and counts nothing when it shares them already. Move construction leaves the source
+    /// empty; move assignment exchanges the two.
     /// @{
     KELRawCollfloat(const KELRawCollfloat& iOther);
-    KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept : m_elements(std::exchange(ioOther.m_elements, nullptr)) {}
-    KELRawCollfloat& operator=(const KELRawCollfloat& iOther) { return *this = KELRawCollfloat(iOther); }
-    KELRawCollfloat& operator=(KELRawCollfloat&& ioOther) noexcept
-    {
-        std::swap(m_elements, ioOther.m_elements);
-        return *this;
-    }
+    inline KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept;
+    inline KELRawCollfloat& operator=(const KELRawCollfloat& iOther);
+    inline KELRawCollfloat& operator=(KELRawCollfloat&& ioOther) noexcept;
     /// @}
 
-    ~KELRawCollfloat() { RemoveHolder(); }
+    inline ~KELRawCollfloat();
 
     /// Number of elements.
-    int Size() const noexcept { return m_elements ? m_elements->size : 0; }
+    inline int Size() const noexcept;
 
     /// Makes the list iCount elements long (0 for a negative count): keeps the first ones, fills new ones with iFill.
     /// Linear in what it adds.
@@ -73,5 +70,34 @@ private:
 
     Elements* m_elements = nullptr;
 };
+
+// The inline members.
+
+KELRawCollfloat::KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept
+    : m_elements(std::exchange(ioOther.m_elements, nullptr))
+{
+}
+KELRawCollfloat::~KELRawCollfloat()
+{
+    RemoveHolder();
+}
+
+KELRawCollfloat& KELRawCollfloat::operator=(const KELRawCollfloat& iOther)
+{
+    if (m_elements != iOther.m_elements) {
+        *this = KELRawCollfloat(iOther);
+    }
+    return *this;
+}
+KELRawCollfloat& KELRawCollfloat::operator=(KELRawCollfloat&& ioOther) noexcept
+{
+    std::swap(m_elements, ioOther.m_elements);
+    return *this;
+}
+
+int KELRawCollfloat::Size() const noexcept
+{
+    return m_elements ? m_elements->size : 0;
+}
 
 #endif

@@ -82,10 +82,7 @@ public:
     constexpr KELUnicodeString() noexcept {} // NOLINT(modernize-use-equals-default): exported
 
     /// Copies iText, UTF-8 up to its terminating zero; null gives the empty string. Linear.
-    KELUnicodeString(const char* iText) // NOLINT(google-explicit-constructor): texts are passed where names are due
-        : KELUnicodeString(iText, iText ? std::strlen(iText) : 0)
-    {
-    }
+    inline KELUnicodeString(const char* iText); // NOLINT(google-explicit-constructor): texts are passed as names
 
     /// Copies iLength bytes at iText. Linear.
     KELUnicodeString(const char* iText, std::size_t iLength);
@@ -95,34 +92,16 @@ public:
 
     /// A copy shares a long text. What is moved from is empty.
     /// @{
-    KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_form(iOther.m_form) { AddHolder(); }
-    KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_form(ioOther.m_form) { ioOther.m_form = KELShortText(); }
+    inline KELUnicodeString(const KELUnicodeString& iOther) noexcept;
+    inline KELUnicodeString(KELUnicodeString&& ioOther) noexcept;
     /// @}
 
-    ~KELUnicodeString() { RemoveHolder(); }
+    inline ~KELUnicodeString();
 
     /// Shares a long text of the other, or exchanges texts with it.
     /// @{
-    KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept
-    {
-        if (iOther.IsLong()) {
-            if (m_form.IsSame(iOther.m_form)) {
-                return *this;
-            }
-            iOther.AddHolder();
-        }
-        RemoveHolder();
-        m_form = iOther.m_form;
-        return *this;
-    }
-
-    KELUnicodeString& operator=(KELUnicodeString&& ioOther) noexcept
-    {
-        const KELShortText form = m_form;
-        m_form = ioOther.m_form;
-        ioOther.m_form = form;
-        return *this;
-    }
+    inline KELUnicodeString& operator=(const KELUnicodeString& iOther) noexcept;
+    inline KELUnicodeString& operator=(KELUnicodeString&& ioOther) noexcept;
     /// @}
 
     /// Adds iText at the end; returns this string. Copies the bytes of iText, and now and then, as a growing array
@@ -142,36 +121,21 @@ public:
     int SearchSubString(const KELUnicodeString& iText, int iStart, int iMode) const;
 
     /// Number of characters.
-    int GetLengthInChar() const noexcept
-    {
-        return IsLong() ? Text().Characters() : static_cast<int>(Last() >> KELShortText::kCharactersShift & 0xFFU);
-    }
+    inline int GetLengthInChar() const noexcept;
 
     /// The text as UTF-8, never null; valid until this string is changed or destroyed. It may point into this object.
-    const char* ConvertToChar() const noexcept
-    {
-        return IsLong() ? Text().Bytes() : reinterpret_cast<const char*>(m_form.m_words);
-    }
+    inline const char* ConvertToChar() const noexcept;
 
     /// Number of bytes at `ConvertToChar`, without the terminating zero.
-    std::size_t LengthInBytes() const noexcept
-    {
-        return IsLong() ? Text().Length() : Last() >> KELShortText::kLengthShift & 0xFFU;
-    }
+    inline std::size_t LengthInBytes() const noexcept;
 
     /// 2 when both texts are identical, else 0 when this string sorts first and 1 when iOther does (by code points).
     /// Linear in texts of more than 25 bytes, as the operators are.
-    int Compare(const KELUnicodeString& iOther) const noexcept
-    {
-        return IsIdentical(iOther) ? 2 : SortsBefore(iOther) ? 0 : 1;
-    }
+    inline int Compare(const KELUnicodeString& iOther) const noexcept;
 
     /// A hash of the text: equal strings have equal hashes in every module and every run. Linear when a text of more
     /// than 25 bytes is asked for the first time.
-    unsigned int ComputeHashKey() const noexcept
-    {
-        return IsLong() ? Text().Hash() : static_cast<KELUINT32>(Last() >> KELShortText::kHashShift);
-    }
+    inline unsigned int ComputeHashKey() const noexcept;
 
     /// A hash that nobody can foresee who does not know the salt. Linear.
     unsigned int ComputeHashKey(const KELHashSalt& iSalt) const noexcept;
@@ -251,5 +215,62 @@ private:
 
     KELShortText m_form;
 };
+
+// The inline members.
+
+KELUnicodeString::KELUnicodeString(const char* iText) : KELUnicodeString(iText, iText ? std::strlen(iText) : 0) {}
+KELUnicodeString::KELUnicodeString(const KELUnicodeString& iOther) noexcept : m_form(iOther.m_form)
+{
+    iOther.AddHolder();
+}
+KELUnicodeString::KELUnicodeString(KELUnicodeString&& ioOther) noexcept : m_form(ioOther.m_form)
+{
+    ioOther.m_form = KELShortText();
+}
+KELUnicodeString::~KELUnicodeString()
+{
+    RemoveHolder();
+}
+
+KELUnicodeString& KELUnicodeString::operator=(const KELUnicodeString& iOther) noexcept
+{
+    if (iOther.IsLong()) {
+        if (m_form.IsSame(iOther.m_form)) {
+            return *this;
+        }
+        iOther.AddHolder();
+    }
+    RemoveHolder();
+    m_form = iOther.m_form;
+    return *this;
+}
+KELUnicodeString& KELUnicodeString::operator=(KELUnicodeString&& ioOther) noexcept
+{
+    const KELShortText form = m_form;
+    m_form = ioOther.m_form;
+    ioOther.m_form = form;
+    return *this;
+}
+
+int KELUnicodeString::GetLengthInChar() const noexcept
+{
+    return IsLong() ? Text().Characters() : static_cast<int>(Last() >> KELShortText::kCharactersShift & 0xFFU);
+}
+const char* KELUnicodeString::ConvertToChar() const noexcept
+{
+    return IsLong() ? Text().Bytes() : reinterpret_cast<const char*>(m_form.m_words);
+}
+std::size_t KELUnicodeString::LengthInBytes() const noexcept
+{
+    return IsLong() ? Text().Length() : Last() >> KELShortText::kLengthShift & 0xFFU;
+}
+int KELUnicodeString::Compare(const KELUnicodeString& iOther) const noexcept
+{
+    return IsIdentical(iOther) ? 2 : SortsBefore(iOther) ? 0 : 1;
+}
+unsigned int KELUnicodeString::ComputeHashKey() const noexcept
+{
+    return IsLong() ? Text().Hash() : static_cast<KELUINT32>(Last() >> KELShortText::kHashShift);
+}
 
 #endif

@@ -57,25 +57,14 @@ void KELValueList<T>::Reserve(int iCount)
 }
 
 template <class T>
-void KELValueList<T>::Add(const T& iElement)
-{
-    if (m_size < m_capacity) {
-        ::new (m_elements + m_size) T(iElement);
-    } else {
-        T added(iElement); // which may be one of the list's own elements
-        Grow();
-        ::new (m_elements + m_size) T(std::move(added));
-    }
-    ++m_size;
-}
-
-template <class T>
-void KELValueList<T>::Grow()
+void KELValueList<T>::AddToFull(T iElement)
 {
     if (m_size == kMostElements) {
         throw std::bad_alloc();
     }
     Reserve(m_size + 1);
+    ::new (m_elements + m_size) T(std::move(iElement));
+    ++m_size;
 }
 
 template <class T>

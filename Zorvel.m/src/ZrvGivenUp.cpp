@@ -6,7 +6,8 @@
 void ZrvGivenUp::MakeRoom(std::size_t iCount)
 {
     const std::size_t needed = m_objects.size() + iCount;
-    if (needed > m_objects.capacity()) {
+    const bool fitsFirst = !m_first && needed <= 1;
+    if (!fitsFirst && needed > m_objects.capacity()) {
         m_objects.reserve(std::max(needed, 2 * m_objects.capacity()));
     }
 }
@@ -21,7 +22,11 @@ ZrvConstPropertiesPrototype* ZrvGivenUp::Hold(ZrvConstPropertiesPrototype* iProt
 ZrvPropertiesContents::~ZrvPropertiesContents()
 {
     prototype = nullptr;
-    DestroyAll(map, pool);
+    for (int i = 0; i < map.Size(); ++i) {
+        if (const Map::Entry* const entry = map.At(i)) {
+            Pool::Destroy(entry->value);
+        }
+    }
 }
 
 void ZrvPropertiesContents::DestroyAll(Map& ioMap, Pool& ioPool)

@@ -28,7 +28,14 @@ public:
     void MakeRoom(std::size_t iCount);
 
     /// Keeps a reference in the room made.
-    void Keep(KELReference<KELSysTSBaseUnknown> iObject) noexcept { m_objects.push_back(std::move(iObject)); }
+    void Keep(KELReference<KELSysTSBaseUnknown> iObject) noexcept
+    {
+        if (!m_first) {
+            m_first = std::move(iObject);
+        } else {
+            m_objects.push_back(std::move(iObject));
+        }
+    }
 
     /// Takes a reference of its own on a prototype, so that it lives while it is asked; returns the prototype.
     ZrvConstPropertiesPrototype* Hold(ZrvConstPropertiesPrototype* iPrototype);
@@ -37,6 +44,7 @@ public:
     ZrvValueHolder value;
 
 private:
+    KELReference<KELSysTSBaseUnknown> m_first; // most operations give up one at most, which then costs no allocation
     std::vector<KELReference<KELSysTSBaseUnknown>> m_objects;
 };
 

@@ -74,7 +74,7 @@ bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, c
     if (!valueClass) {
         return Find_Int(iPropertyName) != nullptr;
     }
-    ZrvPropertiesContents::Pool::Owner property = m_propertyPool.Make(*valueClass);
+    PropertyPool::Owner property = m_propertyPool.Make(*valueClass);
     const int added = m_propertyMap.Add(iPropertyName, property.get());
     if (added == 0) { // there is an entry, which may lack a property
         ZrvProperty** const held = m_propertyMap.Locate(iPropertyName);

@@ -60,6 +60,7 @@ public:
 
 private:
     using PropertyMap = ZrvPropertiesContents::Map;
+    using PropertyPool = ZrvPropertiesContents::Pool;
 
     static constexpr ZrvCheck kCheck{"ZrvProperties_data"}; // the file that reports name, for both sources
 
@@ -91,8 +92,8 @@ private:
     /// Copies of all properties: of all at once, where the set is whole, or one by one. An assigned one has the nested
     /// prototype that is declared, and no parameters.
     /// @{
-    void CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
-    void CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    void CopyAllTo_Int(PropertyMap& oMap, PropertyPool& oPool, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
+    void CopyOneByOneTo_Int(PropertyMap& oMap, PropertyPool& oPool, bool iIsAssigned) const KEL_REQUIRES(m_mutex);
     /// @}
 
     /// Adds what is counted to a copy of the entry at a position; and the property there, looked up anew each time
@@ -136,7 +137,7 @@ private:
     bool Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
                          ZrvProperty::Prototype& ioPropertyPrototype) KEL_REQUIRES(m_mutex);
 
-    ZrvPropertiesContents::Pool m_propertyPool KEL_GUARDED_BY(m_mutex); // where the properties lie, and stay
+    PropertyPool m_propertyPool KEL_GUARDED_BY(m_mutex); // where the properties lie, and stay
     PropertyMap m_propertyMap KEL_GUARDED_BY(m_mutex);
     KELReference<ZrvConstPropertiesPrototype> m_pPrototype KEL_GUARDED_BY(m_mutex);
     mutable KELMutex m_mutex{0, 1, 0};

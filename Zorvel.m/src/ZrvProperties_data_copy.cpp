@@ -8,17 +8,17 @@
 
 // What copies between two sets.
 
-ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource)
+// Nobody knows the new set yet: its own lock is not needed. Once the other constructor has run, the destructor cleans
+// up after what throws.
+ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource) : ZrvPropertiesData(nullptr)
 {
-    ZrvPropertiesContents copy;
-    const ZrvPairLock lock(m_mutex, iSource.m_mutex);
-    copy.prototype = iSource.m_pPrototype;
+    const ZrvLock lock(iSource.m_mutex);
+    m_pPrototype = iSource.m_pPrototype;
     if (iSource.IsWhole_Int()) {
-        iSource.CopyAllTo_Int(copy, false);
+        iSource.CopyAllTo_Int(m_propertyMap, m_propertyPool, false);
     } else {
-        iSource.CopyOneByOneTo_Int(copy, false);
+        iSource.CopyOneByOneTo_Int(m_propertyMap, m_propertyPool, false);
     }
-    MoveIn_Int(copy);
 }
 
 ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource)
@@ -34,7 +34,7 @@ ZrvPropertiesData& ZrvPropertiesData::operator=(const ZrvPropertiesData& iSource
     const bool isCopied =
         copy.prototype == iSource.m_pPrototype.Get() && iSource.IsWhole_Int() && iSource.IsAsDeclared_Int();
     if (isCopied) {
-        iSource.CopyAllTo_Int(copy, true);
+        iSource.CopyAllTo_Int(copy.map, copy.pool, true);
     }
     MoveOut_Int(old);
     MoveIn_Int(copy);
@@ -69,26 +69,24 @@ bool ZrvPropertiesData::IsAsDeclared_Int() const
 
 // First all names and plain values, while no host is called that could change this set; then, one by one, what is
 // counted. The copy is nobody else's yet.
-void ZrvPropertiesData::CopyAllTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const
+void ZrvPropertiesData::CopyAllTo_Int(PropertyMap& oMap, PropertyPool& oPool, bool iIsAssigned) const
 {
-    oCopy.pool.Reserve(static_cast<std::size_t>(m_propertyMap.Size()));
-    const auto copyValue = [&oCopy](const PropertyMap::Entry& iEntry) {
-        return oCopy.pool.Make(*iEntry.value).release();
-    };
-    if (!oCopy.map.CopyFrom(m_propertyMap, copyValue)) {
-        CopyOneByOneTo_Int(oCopy, iIsAssigned);
+    oPool.Reserve(static_cast<std::size_t>(m_propertyMap.Size()));
+    const auto copyValue = [&oPool](const PropertyMap::Entry& iEntry) { return oPool.Make(*iEntry.value).release(); };
+    if (!oMap.CopyFrom(m_propertyMap, copyValue)) {
+        CopyOneByOneTo_Int(oMap, oPool, iIsAssigned);
         return;
     }
-    for (int i = 0; i < oCopy.map.Size(); ++i) {
+    for (int i = 0; i < oMap.Size(); ++i) {
         const PropertyMap::Entry* const source = m_propertyMap.At(i);
         if (iIsAssigned || (source && source->value && source->value->HasCounted())) {
-            CopyCounted_Int(i, *oCopy.map.At(i), iIsAssigned);
+            CopyCounted_Int(i, *oMap.At(i), iIsAssigned);
         }
     }
 }
 
 // Leaves out entries that lack their name or their property. Works over any table.
-void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iIsAssigned) const
+void ZrvPropertiesData::CopyOneByOneTo_Int(PropertyMap& oMap, PropertyPool& oPool, bool iIsAssigned) const
 {
     for (int i = 0; i < m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const source = m_propertyMap.At(i);
@@ -96,8 +94,8 @@ void ZrvPropertiesData::CopyOneByOneTo_Int(ZrvPropertiesContents& oCopy, bool iI
             continue;
         }
         const KELUnicodeString name = source->key;
-        ZrvPropertiesContents::Pool::Owner property = oCopy.pool.Make(*source->value);
-        if (oCopy.map.Add(name, property.get()) == 1) {
+        PropertyPool::Owner property = oPool.Make(*source->value);
+        if (oMap.Add(name, property.get()) == 1) {
             CopyCounted_Int(i, PropertyMap::Entry{name, property.release()}, iIsAssigned);
         }
     }
@@ -203,7 +201,7 @@ ZrvRC ZrvPropertiesData::CheckCopy_Int(const PropertyMap::Entry& iSource, ZrvGiv
     if (!kCheck.Holds(propertyType.GetLengthInChar() > 0, "inputPropertyType.GetLengthInChar()>0")) {
         return ZrvRC(ZrvRC::zrvEC_Error, "Property without type.");
     }
-    if (!kCheck.IsThere(iSource.value->GetValue() != nullptr, "pInputPropertyValue")) {
+    if (!kCheck.IsThere(iSource.value && iSource.value->GetValue(), "pInputPropertyValue")) {
         return ZrvRC(ZrvRC::zrvEC_Error, "Property without value.");
     }
     if (GetAvailability_Int(name, ioGivenUp) == ZrvProperties::zrvPA_Unavailable) {

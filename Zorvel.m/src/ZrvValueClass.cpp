@@ -1,5 +1,7 @@
 #include "ZrvValueClass.h"
 
+#include "ZrvPropertyCast.h"
+
 #include <new>
 #include <type_traits>
 
@@ -99,6 +101,11 @@ const ZrvValueClass g_classes[] = {
 };
 
 } // namespace
+
+bool ZrvIsOfLibrary(const ZrvPropertyValueBase& iValue, ZrvPropertyType iType) noexcept
+{
+    return &typeid(iValue) == g_classes[iType].typeInfo;
+}
 
 const ZrvValueClass* ZrvValueClass::Find(const KELUnicodeString& iType)
 {

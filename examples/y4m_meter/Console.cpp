@@ -1,7 +1,7 @@
 #include "Console.h"
 
 #include "System.h"
-#include "Y4mText.h"
+#include "ZrvPropertyAccess.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -10,7 +10,7 @@
 
 bool PrintLines(const std::string& iLines)
 {
-    if (System::PrintOutput(Y4mPrintable(iLines, true))) {
+    if (System::PrintOutput(ZrvPrintable(iLines, true))) {
         return true;
     }
     PrintFailure("standard output cannot be written: " + std::generic_category().message(errno));
@@ -19,7 +19,7 @@ bool PrintLines(const std::string& iLines)
 
 void PrintFailure(const std::string& iText)
 {
-    System::PrintError("y4m_meter: " + Y4mPrintable(iText, true) + "\n");
+    System::PrintError("y4m_meter: " + ZrvPrintable(iText, true) + "\n");
 }
 
 ProgressLine::ProgressLine() : m_isTerminal(System::IsErrorTerminal()) {}

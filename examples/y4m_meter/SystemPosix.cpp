@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
@@ -23,6 +24,22 @@ bool Print(int iFile, std::string_view iText)
         iText.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
     }
     return true;
+}
+
+// Waits until there is something to read, also an error. An interruption that comes between the question for it and the
+// wait ends the wait, too: meanwhile it is held back.
+void WaitForInput(int iFile)
+{
+    sigset_t interruption;
+    sigset_t before;
+    sigemptyset(&interruption);
+    sigaddset(&interruption, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &interruption, &before);
+    if (!System::WasInterrupted()) {
+        pollfd input = {iFile, POLLIN, 0};
+        ppoll(&input, 1, nullptr, &before);
+    }
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 } // namespace
@@ -54,9 +71,11 @@ int System::GetStandardInput()
 std::ptrdiff_t System::ReadFile(int iFile, char* oBytes, std::size_t iSize)
 {
     ssize_t count = -1;
-    do {
-        count = read(iFile, oBytes, iSize);
-    } while (count < 0 && errno == EINTR && !WasInterrupted());
+    errno = EINTR;
+    while (count < 0 && errno == EINTR && !WasInterrupted()) {
+        WaitForInput(iFile);
+        count = WasInterrupted() ? -1 : read(iFile, oBytes, iSize);
+    }
     return count;
 }
 

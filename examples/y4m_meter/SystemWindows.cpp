@@ -16,6 +16,7 @@
 namespace {
 
 std::atomic<bool> g_wasInterrupted = false;
+std::atomic<bool> g_isReading = false;
 HANDLE g_mainThread = nullptr;
 
 std::wstring Widen(std::string_view iText)
@@ -61,7 +62,10 @@ BOOL WINAPI TakeInterruption(DWORD iEvent)
     if (iEvent != CTRL_C_EVENT || g_wasInterrupted.exchange(true)) {
         return FALSE;
     }
-    CancelSynchronousIo(g_mainThread);
+    while (g_isReading) { // the thread may not have come to its wait yet
+        CancelSynchronousIo(g_mainThread);
+        Sleep(1);
+    }
     return TRUE;
 }
 
@@ -105,7 +109,10 @@ int System::GetStandardInput()
 
 std::ptrdiff_t System::ReadFile(int iFile, char* oBytes, std::size_t iSize)
 {
-    return _read(iFile, oBytes, static_cast<unsigned int>(iSize));
+    g_isReading = true;
+    const int count = WasInterrupted() ? -1 : _read(iFile, oBytes, static_cast<unsigned int>(iSize));
+    g_isReading = false;
+    return count;
 }
 
 bool System::PrintOutput(std::string_view iText)

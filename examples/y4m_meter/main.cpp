@@ -67,7 +67,7 @@ ExitCode Measure(std::streambuf& ioBytes, const std::string& iName, const std::s
     Y4mReader reader;
     Y4mMeter meter(*reader.GetPrototype());
     bool isPrinted = true;
-    ZrvRC rc = reader.Open(input, Y4mPrintable(iTitle).c_str());
+    ZrvRC rc = reader.Open(input, ZrvPrintable(iTitle).c_str());
     if (rc.IsValid()) {
         rc = meter.TakeStream(reader.GetProperties(), reader.GetStreamProperties());
     }
@@ -77,12 +77,12 @@ ExitCode Measure(std::streambuf& ioBytes, const std::string& iName, const std::s
         isPrinted = PrintMeasured(meter, rate);
     }
     if (System::WasInterrupted()) {
-        PrintFailure(Y4mPrintable(iName) + ": interrupted");
+        PrintFailure(ZrvPrintable(iName) + ": interrupted");
         return kInterrupted;
     }
     if (rc.IsError()) {
         const std::string reason = iFile ? iFile->GetFailure() : "";
-        PrintFailure(Y4mPrintable(iName) + ": " + rc.Dump() + (reason.empty() ? "" : ": " + reason));
+        PrintFailure(ZrvPrintable(iName) + ": " + rc.Dump() + (reason.empty() ? "" : ": " + reason));
     }
     return rc.IsValid() && isPrinted ? kSuccess : kFailure;
 }
