@@ -22,15 +22,14 @@ void StopCounting(benchmark::State& ioState, std::uint64_t iStart);
 template <class Operation>
 void Measure(benchmark::State& ioState, Operation iOperation)
 {
-    bool succeeded = true;
     const std::uint64_t start = StartCounting();
     for (auto _ : ioState) {
-        succeeded &= iOperation();
+        if (!iOperation()) {
+            ioState.SkipWithError("an operation failed");
+            break;
+        }
     }
     StopCounting(ioState, start);
-    if (!succeeded) {
-        ioState.SkipWithError("an operation failed");
-    }
 }
 
 /// How many operations of a workload are counted, a multiple of the numbers of names that it uses in turn.
