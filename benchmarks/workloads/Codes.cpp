@@ -9,8 +9,10 @@ template <class Code, Code (*Succeed)()>
 void ReturnCode(benchmark::State& ioState)
 {
     Measure(ioState, [] {
-        Code code = Succeed();
-        return !code.IsError();
+        if (Code code = Succeed(); code.IsError()) {
+            return false;
+        }
+        return true;
     });
 }
 
