@@ -116,7 +116,7 @@ public:
         m_pool.Reserve(static_cast<std::size_t>(iOther.Size()));
         return Access::CopyAll(iOther.m_table, m_table, [this, &iCopy](void* iElement) -> void* {
             const Entry& entry = *static_cast<const Entry*>(iElement);
-            typename Pool::Owner copy = m_pool.Make(entry.key, V());
+            typename Pool::Owner copy = m_pool.Make(entry.key, V()); // first: nothing owns what iCopy makes
             copy->value = iCopy(entry);
             return copy.release();
         });

@@ -23,7 +23,7 @@
 /// What callers do with property sets every day, in one call each: declare, add, publish, read, visit, cast
 /// (`ZrvPropertyCast.h`), loop over lists (`ZrvListIterator.h`) and print (`ZrvPropertyPrint.h`).
 ///
-/// All of it is inline and made of the exported interface; the library exports none of it.
+/// All of it is inline and made of the exported interface.
 ///
 /// \code
 /// const KELUnicodeString kWidth("width"); // kept: making a name copies and hashes its text

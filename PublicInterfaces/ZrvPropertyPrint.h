@@ -46,15 +46,16 @@ inline char32_t CodePoint(std::string_view iCharacter)
 }
 
 /// Whether a reader sees iCharacter as what it is: well-formed, and no control of the terminal's or of the direction of
-/// writing, format character, separator of lines, surrogate, private or unassigned character.
+/// writing, format character, separator of lines, surrogate, private character or one of the planes that are not in
+/// use.
 inline bool IsPrintable(std::string_view iCharacter)
 {
     struct CodePoints {
         char32_t first;
         char32_t last;
     };
+    // Not static, which would keep a module that prints from unloading.
     constexpr CodePoints kUnprintable[] = {
-        // sorted; not static, which would keep a module that prints from unloading
         {0x0000, 0x001F},   {0x007F, 0x009F},    {0x00AD, 0x00AD},   {0x0600, 0x0605},   {0x061C, 0x061C},
         {0x06DD, 0x06DD},   {0x070F, 0x070F},    {0x0890, 0x0891},   {0x08E2, 0x08E2},   {0x180E, 0x180E},
         {0x200B, 0x200F},   {0x2028, 0x202E},    {0x2060, 0x206F},   {0xD800, 0xF8FF},   {0xFDD0, 0xFDEF},

@@ -8,6 +8,22 @@
 
 #include <atomic>
 
+/// \file
+/// The thread sanitizer is told of the mutex: it would not see the order in which several are taken.
+#if defined(__SANITIZE_THREAD__)
+#define KEL_HAS_THREAD_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define KEL_HAS_THREAD_SANITIZER 1
+#endif
+#endif
+#if defined(KEL_HAS_THREAD_SANITIZER)
+#include <sanitizer/tsan_interface.h>
+#define KEL_TELL_SANITIZER(call) call
+#else
+#define KEL_TELL_SANITIZER(call) static_cast<void>(0)
+#endif
+
 /// A re-entrant mutex: the thread that holds it may lock it again, and gives it up with as many `Unlock` calls.
 ///
 /// A free mutex is locked and given up in line, at the cost of one exchange each; only who must wait, or is waited for,
@@ -21,7 +37,7 @@ public:
 
     KELMutex(const KELMutex&) = delete;
     KELMutex& operator=(const KELMutex&) = delete;
-    ~KELMutex() = default;
+    ~KELMutex() { KEL_TELL_SANITIZER(__tsan_mutex_destroy(this, 0)); } // NOLINT(modernize-use-equals-default)
 
     /// Waits until no other thread holds the mutex.
     KEL_ALWAYS_INLINE void Lock() noexcept KEL_ACQUIRE() KEL_NO_THREAD_SAFETY_ANALYSIS
@@ -31,11 +47,13 @@ public:
             ++m_again;
             return;
         }
-        State expected = kFree;
+        KEL_TELL_SANITIZER(__tsan_mutex_pre_lock(this, 0));
+        int expected = kFree;
         if (!m_state.compare_exchange_strong(expected, kHeld, std::memory_order_acquire, std::memory_order_relaxed)) {
             Wait();
         }
         m_owner.store(self, std::memory_order_relaxed);
+        KEL_TELL_SANITIZER(__tsan_mutex_post_lock(this, 0, 0));
     }
 
     /// Takes back one `Lock` of the calling thread.
@@ -45,17 +63,18 @@ public:
             --m_again;
             return;
         }
+        KEL_TELL_SANITIZER(__tsan_mutex_pre_unlock(this, 0));
         m_owner.store(KELThreadIdentity(), std::memory_order_relaxed);
         if (m_state.exchange(kFree, std::memory_order_release) == kAwaited) {
             Wake();
         }
+        KEL_TELL_SANITIZER(__tsan_mutex_post_unlock(this, 0));
     }
 
 private:
-    using State = int;
-    static constexpr State kFree = 0;
-    static constexpr State kHeld = 1;
-    static constexpr State kAwaited = 2; // held, and somebody may wait
+    static constexpr int kFree = 0;
+    static constexpr int kHeld = 1;
+    static constexpr int kAwaited = 2; // held, and somebody may wait
 
     // Takes the mutex as soon as it is free.
     KEL_API void Wait() noexcept;
@@ -63,7 +82,7 @@ private:
     // Wakes one of those who wait.
     KEL_API void Wake() noexcept;
 
-    std::atomic<State> m_state{kFree};
+    std::atomic<int> m_state{kFree};
     unsigned int m_again = 0; // how often the owner has locked it again; touched by the owner alone
     std::atomic<KELThreadIdentity> m_owner{};
 };

@@ -30,8 +30,8 @@ public:
     /// An empty list with room for iReserved elements.
     explicit KELRawCollfloat(int iReserved = 0);
 
-    /// A copy shares the elements, and counts nothing when it shares them already. Move construction leaves the source
-    /// empty; move assignment exchanges the two.
+    /// A copy shares the elements. Assigning a list that shares them already does nothing. Move construction leaves the
+    /// source empty; move assignment exchanges the two.
     /// @{
     KELRawCollfloat(const KELRawCollfloat& iOther);
     inline KELRawCollfloat(KELRawCollfloat&& ioOther) noexcept;

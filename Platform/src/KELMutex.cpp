@@ -18,33 +18,39 @@ __declspec(dllimport) void __stdcall WakeByAddressSingle(void*);
 
 namespace {
 
-using Number = std::atomic<int>;
+static_assert(sizeof(std::atomic<int>) == sizeof(int) && std::atomic<int>::is_always_lock_free, "systems read an int");
 
-static_assert(sizeof(Number) == sizeof(int) && Number::is_always_lock_free, "the systems read it as an int");
+#if defined(__linux__)
+// The host may read errno after any operation: it stays.
+void Futex(std::atomic<int>& ioState, int iOperation, int iValue) noexcept
+{
+    const int before = errno;
+    syscall(SYS_futex, &ioState, iOperation, iValue, nullptr, nullptr, 0);
+    errno = before;
+}
+#endif
 
 // May return early.
-void SleepWhile(Number& iNumber, int iValue) noexcept
+void SleepWhile(std::atomic<int>& ioState, int iValue) noexcept
 {
 #if defined(__linux__)
-    const int before = errno; // which the host may read after any operation
-    syscall(SYS_futex, &iNumber, FUTEX_WAIT_PRIVATE, iValue, nullptr, nullptr, 0);
-    errno = before;
+    Futex(ioState, FUTEX_WAIT_PRIVATE, iValue);
 #elif defined(_WIN32)
     constexpr unsigned long kForEver = 0xFFFFFFFF;
-    WaitOnAddress(&iNumber, &iValue, sizeof(iValue), kForEver);
+    WaitOnAddress(&ioState, &iValue, sizeof(iValue), kForEver);
 #else
-    iNumber.wait(iValue, std::memory_order_relaxed);
+    ioState.wait(iValue, std::memory_order_relaxed);
 #endif
 }
 
-void WakeOne(Number& iNumber) noexcept
+void WakeOne(std::atomic<int>& ioState) noexcept
 {
 #if defined(__linux__)
-    syscall(SYS_futex, &iNumber, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
+    Futex(ioState, FUTEX_WAKE_PRIVATE, 1);
 #elif defined(_WIN32)
-    WakeByAddressSingle(&iNumber);
+    WakeByAddressSingle(&ioState);
 #else
-    iNumber.notify_one();
+    ioState.notify_one();
 #endif
 }
 

@@ -24,7 +24,7 @@ public:
     ZrvGivenUp& operator=(const ZrvGivenUp&) = delete;
     ~ZrvGivenUp() = default;
 
-    /// Makes room for iCount more, so that giving them up does not fail. Throws `std::bad_alloc`.
+    /// Makes room for iCount more from now on, so that giving them up does not fail. Throws `std::bad_alloc`.
     void MakeRoom(std::size_t iCount);
 
     /// Keeps a reference in the room made.
@@ -32,7 +32,7 @@ public:
     {
         if (!m_first) {
             m_first = std::move(iObject);
-        } else {
+        } else if (iObject) {
             m_objects.push_back(std::move(iObject));
         }
     }

@@ -21,8 +21,8 @@ class ZrvPropertyDefinition;
 ///
 /// Owns the properties; an entry of the map may be without one, and its name is then held but not instantiated. The
 /// operations answer as those of `ZrvProperties` do, which checks the arguments before them. Thread-safe: each
-/// operation holds the lock for its whole run, a copy the locks of both sets. Those that end in `_Int` run with the
-/// lock held.
+/// operation holds the lock for its whole run; an assignment and `SetFromProperties` hold the locks of both sets, a
+/// copy constructor the source's. Those that end in `_Int` run with the lock held.
 ///
 /// What an operation asks of the host (prototypes, values, counts of objects, the handler of failed checks) may change
 /// this set meanwhile. So an operation asks first and looks up afterwards: no pointer into the map is used after a

@@ -8,8 +8,8 @@
 
 // What copies between two sets.
 
-// Nobody knows the new set yet: its own lock is not needed. Once the other constructor has run, the destructor cleans
-// up after what throws.
+// Nobody knows the new set yet: its own lock is not needed. When the body throws, the source is unlocked first; then
+// the destructor runs, since the other constructor has.
 ZrvPropertiesData::ZrvPropertiesData(const ZrvPropertiesData& iSource) : ZrvPropertiesData(nullptr)
 {
     const ZrvLock lock(iSource.m_mutex);

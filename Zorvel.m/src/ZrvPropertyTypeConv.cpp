@@ -2,6 +2,9 @@
 
 namespace {
 
+static_assert(zrvPT_BytePtr == 0 && zrvPT_BaseUnknownPtr == 8,
+              "built callers have these numbers: a new type comes last");
+
 // Copied by value. Made at compile time, so that they are there before the first static initialiser and stay after the
 // last destructor.
 constexpr KELShortText g_typeNames[] = {

@@ -2,6 +2,7 @@
 
 #include "ZrvPropertyCast.h"
 
+#include <iterator>
 #include <new>
 #include <type_traits>
 
@@ -104,7 +105,7 @@ const ZrvValueClass g_classes[] = {
 
 bool ZrvIsOfLibrary(const ZrvPropertyValueBase& iValue, ZrvPropertyType iType) noexcept
 {
-    return &typeid(iValue) == g_classes[iType].typeInfo;
+    return static_cast<std::size_t>(iType) < std::size(g_classes) && &typeid(iValue) == g_classes[iType].typeInfo;
 }
 
 const ZrvValueClass* ZrvValueClass::Find(const KELUnicodeString& iType)

@@ -26,8 +26,8 @@ bool Print(int iFile, std::string_view iText)
     return true;
 }
 
-// Waits until there is something to read, also an error. An interruption that comes between the question for it and the
-// wait ends the wait, too: meanwhile it is held back.
+// Waits until `read` has something to return, or for an interruption. SIGINT is blocked between the test and the wait,
+// so that none is missed.
 void WaitForInput(int iFile)
 {
     sigset_t interruption;
@@ -35,9 +35,8 @@ void WaitForInput(int iFile)
     sigemptyset(&interruption);
     sigaddset(&interruption, SIGINT);
     pthread_sigmask(SIG_BLOCK, &interruption, &before);
-    if (!System::WasInterrupted()) {
-        pollfd input = {iFile, POLLIN, 0};
-        ppoll(&input, 1, nullptr, &before);
+    pollfd input = {iFile, POLLIN, 0};
+    while (!System::WasInterrupted() && ppoll(&input, 1, nullptr, &before) < 0 && errno == EINTR) {
     }
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }

@@ -17,6 +17,7 @@ namespace {
 
 std::atomic<bool> g_wasInterrupted = false;
 std::atomic<bool> g_isReading = false;
+std::atomic<bool> g_isCancelling = false;
 HANDLE g_mainThread = nullptr;
 
 std::wstring Widen(std::string_view iText)
@@ -62,10 +63,12 @@ BOOL WINAPI TakeInterruption(DWORD iEvent)
     if (iEvent != CTRL_C_EVENT || g_wasInterrupted.exchange(true)) {
         return FALSE;
     }
+    g_isCancelling = true;
     while (g_isReading) { // the thread may not have come to its wait yet
         CancelSynchronousIo(g_mainThread);
         Sleep(1);
     }
+    g_isCancelling = false;
     return TRUE;
 }
 
@@ -112,6 +115,12 @@ std::ptrdiff_t System::ReadFile(int iFile, char* oBytes, std::size_t iSize)
     g_isReading = true;
     const int count = WasInterrupted() ? -1 : _read(iFile, oBytes, static_cast<unsigned int>(iSize));
     g_isReading = false;
+    while (g_isCancelling) { // reading, and not what comes next
+        Sleep(1);
+    }
+    if (WasInterrupted()) {
+        errno = EINTR;
+    }
     return count;
 }
 

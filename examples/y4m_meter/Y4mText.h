@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// A text of unknown origin in quotes, for a message; the end of a long one is left out.
+/// A text of unknown origin, made printable and in quotes, for a message; the end of a long one is left out.
 std::string Y4mQuote(std::string_view iText);
 
 #endif

@@ -41,7 +41,9 @@ TEST_F(ZrvPropertyAccessTest, AValueIsCastToItsTypeWhenItsClassIsOfThatType)
     const Named heir("float", g_half);
     EXPECT_EQ(Casts(nullptr) + Casts(&g_liar) + PrintToString(g_liar) + Casts(&renamed) + PrintToString(renamed),
               "(unknown)(unknown)");
+    EXPECT_EQ(PrintToString(Named("colour", g_half)), "(unknown)");
     EXPECT_EQ(Casts(&heir) + PrintToString(heir), " float0.5");
+    EXPECT_TRUE(g_half.IsPurelyIdenticalTo(heir) && !g_half.IsPurelyIdenticalTo(renamed));
 }
 
 TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
@@ -92,9 +94,20 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
     EXPECT_EQ(PrintToString(set), "a\\x0Ab  KELBoolean              true\nlist    floatList               [0 0 0]\n"
                                   "\xC3\xA9       KELUnicodeString        "
                                   "\"\\\"\\\\\\x0A\xC3\xA9\\x9B\\xE2\\x80\\xAE\\xC2\\x9B\\x7F\"\n");
-    EXPECT_EQ(PrintToString(ZrvRC()) + PrintToString(ZrvRC(static_cast<ZrvRC::ErrorCode>(2), "x")),
-              "zrvEC_OKerror 2: x");
+    std::string codes;
+    for (const KELUINT32 code : {0U, 1U, 2U, 0xFFFFFFFFU}) {
+        codes += PrintToString(ZrvRC(static_cast<ZrvRC::ErrorCode>(code), "x"));
+    }
+    EXPECT_EQ(codes, "zrvEC_NothingDone: xzrvEC_OK: xerror 2: xzrvEC_Error: x");
     EXPECT_EQ(PrintToString(KELUnicodeString("\n", 2)), std::string("\n\0", 2));
+    EXPECT_EQ(ZrvPrintable("a\n\xC3\xA9\x9B") + ZrvPrintable("\n\t", true), "a?\xC3\xA9?\n?");
+    std::uint64_t printable = 0; // the sum of their code points
+    for (char32_t code = 0; code < 0x110000; ++code) {
+        const auto part = [code](unsigned int iShift) { return static_cast<char>(0x80U | (code >> iShift & 0x3FU)); };
+        const char bytes[] = {static_cast<char>(0xF0U | code >> 18U), part(12), part(6), part(0)};
+        printable += ZrvPropertyAccess::IsPrintable({bytes, sizeof(bytes)}) ? code : 0;
+    }
+    EXPECT_EQ(printable, 20875871858U);
     KELSysTSListOfUnicodeString names;
     names.PutBack("b"), names.PutBack(names[1]);
     const KELSysTSListOfUnicodeString copy(names);

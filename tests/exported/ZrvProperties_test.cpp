@@ -31,17 +31,13 @@ TEST_F(ZrvPropertiesTest, EachReportNamesTheLineOfItsOperation)
 TEST_F(ZrvPropertiesTest, ListsReportOtherPositions)
 {
     const std::string report = " [condition 1<=iPosition && iPosition<=Size() in KELPositions]";
-    KELListValKELUnicodeString wide;
-    KELSysTSListOfUnicodeString narrow;
+    KELListValKELUnicodeString texts;
     KELRawCollfloat floats;
-    wide.Append("first");
-    narrow.PutBack(KELSysTSUnicodeString(nullptr));
-    floats.Append(1.0F);
+    texts.Append("first"), floats.Append(1.0F);
     for (const int position : {-1, 0, 2}) {
         floats[position] = 5.0F;
-        EXPECT_TRUE(floats[position] == 0.0F && std::as_const(floats)[position] == 0.0F);
-        EXPECT_TRUE(wide[position] == "" && !*narrow[position].ConvertToChar());
-        EXPECT_EQ(reports.Take(), report + report + report + report + report);
+        EXPECT_TRUE(floats[position] == 0.0F && std::as_const(floats)[position] == 0.0F && texts[position] == "");
+        EXPECT_EQ(reports.Take(), report + report + report + report);
     }
 }
 

@@ -15,7 +15,7 @@ using ZrvPropertyValueTest = ReportingTest;
 TEST(ZrvPropertyTypeConv, AnswersEarlyAndWhatIsUnknown)
 {
     EXPECT_EQ(g_early, "floatList");
-    for (const int number : {9, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    for (const int number : {+zrvPT_Undefined, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
         EXPECT_EQ(ZrvPropertyTypeConv::GetAsUnicode(static_cast<ZrvPropertyType>(number)), "") << number;
     }
     EXPECT_EQ(ZrvPropertyTypeConv::GetEnum("floatLists"), zrvPT_Undefined);
@@ -81,7 +81,9 @@ TEST_F(ZrvPropertyValueTest, ClassesOfTheHostsAreTakenForWhatTheyAre)
     ZrvPropertyValue<KELSysTSBaseUnknown*> held(object);
     object->Release();
     held.SetValue(object); // is taken again before it is given up
-    EXPECT_EQ(CountOf(*object), 1U);
+    void* found = &odd;
+    EXPECT_TRUE(object->QueryInterface(nullptr, &found) == static_cast<HRESULT>(0x80004002) && !found &&
+                CountOf(*object) == 1 && !object->GetMetaObject());
 }
 
 } // namespace

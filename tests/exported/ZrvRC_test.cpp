@@ -4,16 +4,6 @@
 
 namespace {
 
-TEST(ZrvRC, OnlyZeroAndOneAreValid)
-{
-    for (const KELUINT32 number : {0U, 1U, 2U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
-        ZrvRC rc(static_cast<ZrvRC::ErrorCode>(number), "trace");
-        EXPECT_TRUE(rc.IsValid() == (number <= 1) && rc.IsError() == (number > 1) && !rc == (number > 1)) << number;
-        EXPECT_TRUE(rc == ZrvRC::zrvEC_OK ? number == 1 : rc != ZrvRC::zrvEC_OK) << number;
-    }
-    EXPECT_EQ(InWords(ZrvRC()), "ok");
-}
-
 TEST(ZrvRC, TranslatesPlatformResults)
 {
     const std::pair<long, const char*> rows[] = {

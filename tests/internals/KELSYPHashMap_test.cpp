@@ -24,6 +24,8 @@ TEST(KELSYPHashMap, IteratorsMeetEachEntryOnce)
         met.erase(item->pKey->ConvertToChar());
     }
     EXPECT_TRUE(met.empty());
+    KELUnicodeString key("a");
+    EXPECT_TRUE(map.CompareElements(&key, &key) && !map.CompareElements(&key, nullptr) && !map.HashElement(nullptr));
 }
 
 } // namespace

@@ -49,6 +49,7 @@ ValueModel ReadValue(const ZrvPropertyValueBase& iValue)
 template <class... Values>
 ValueModel Chosen(std::ptrdiff_t iType, const Values&... iValues)
 {
+    static_assert(sizeof...(Values) == std::variant_size_v<ValueModel>);
     return std::array<ValueModel, sizeof...(Values)>{iValues...}[static_cast<std::size_t>(iType)];
 }
 
