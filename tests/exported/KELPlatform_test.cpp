@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <initializer_list>
 #include <limits>
 #include <thread>
 
@@ -22,13 +21,11 @@ TEST(KELSysElapseTime, TellsMicrosecondsSinceTheStart)
 
 TEST(KELCheckFailure, IsPrintedByDefault)
 {
-    const KELCheckFailureHandler outer = KELSetCheckFailureHandler(nullptr);
     ::testing::internal::CaptureStderr();
     Check_TRUE_Failed__("a>0", "File", 7, "remark");
     Check_Pointer_Failed__("p", "File", 8, nullptr);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(),
               "File(7): check failed: a>0 - remark\nFile(8): null pointer: p\n");
-    KELSetCheckFailureHandler(outer);
 }
 
 KELRawCollfloat Listed(std::initializer_list<float> iElements)
@@ -40,7 +37,7 @@ KELRawCollfloat Listed(std::initializer_list<float> iElements)
     return list;
 }
 
-TEST(KELRawCollfloat, ComparesByElements)
+TEST(KELRawCollfloat, ComparesByElementsOfItsOwn)
 {
     const KELRawCollfloat ascending[] = {KELRawCollfloat(), Listed({-1.0F}), Listed({0.0F}), Listed({0.0F, 1.0F}),
                                          Listed({1.0F})};
@@ -51,6 +48,12 @@ TEST(KELRawCollfloat, ComparesByElements)
     }
     const KELRawCollfloat noNumber = Listed({std::numeric_limits<float>::quiet_NaN()});
     EXPECT_EQ(KELRawCollfloat::Compare(noNumber, noNumber), 1);
+    KELRawCollfloat list = Listed({1.0F, 2.0F});
+    float& lent = list[2];
+    KELRawCollfloat copy = list;
+    lent = 5.0F, copy.Size(4, 7.0F), copy.Size(3, 0.0F);
+    EXPECT_TRUE(KELRawCollfloat::Compare(copy, Listed({1.0F, 2.0F, 7.0F})) == 0 && list[2] == 5.0F);
+    EXPECT_TRUE((copy.Size(-1, 0.0F), copy.Size() == 0));
 }
 
 } // namespace
