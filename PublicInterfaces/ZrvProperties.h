@@ -28,8 +28,9 @@ class ZrvPropertiesData;
 ///
 /// Thread-safe: each operation locks the set while it reads or changes it (`SetProperty` may lock it twice). Assignment
 /// and `SetFromProperties` hold the locks of both sets, taken in an order that all share; copy construction holds the
-/// source's. Destruction excludes every other use. A value that `GetProperty` returned is read outside the lock; its reader excludes writers by other means. After `fork` the
-/// child uses no set that another thread may have held at that moment.
+/// source's. Destruction excludes every other use. A value that `GetProperty` returned is read outside the lock; its
+/// reader excludes writers by other means. After `fork` the child uses no set that another thread may have held at that
+/// moment.
 ///
 /// Every operation reports a broken precondition, such as an empty name, as a failed check. Return codes carry an empty
 /// trace where nothing else is said; traces are part of the interface and stay as they are. An operation throws
