@@ -10,13 +10,22 @@ public:
     KELSysTSUnicodeString() noexcept = default;
 
     /// Copies iText; null gives the empty string.
-    KELSysTSUnicodeString(const char* iText) : m_text(iText) {} // NOLINT(google-explicit-constructor)
+    inline KELSysTSUnicodeString(const char* iText); // NOLINT(google-explicit-constructor)
 
     /// The text as UTF-8, never null; valid until the string is changed or destroyed.
-    const char* ConvertToChar() const noexcept { return m_text.ConvertToChar(); }
+    inline const char* ConvertToChar() const noexcept;
 
 private:
     KELUnicodeString m_text;
 };
+
+// The inline members.
+
+KELSysTSUnicodeString::KELSysTSUnicodeString(const char* iText) : m_text(iText) {}
+
+const char* KELSysTSUnicodeString::ConvertToChar() const noexcept
+{
+    return m_text.ConvertToChar();
+}
 
 #endif
