@@ -130,6 +130,17 @@ public:
     void Swap(ZrvPropertyValue& ioOther) noexcept { Swap(ioOther.m_typedValue); }
     /// @}
 
+    /// Whether another value holds equal contents; of objects, the same one. Asks neither value and counts no
+    /// references.
+    bool HoldsSame(const ZrvPropertyValue& iOther) const
+    {
+        if constexpr (kIsObject) {
+            return m_typedValue == iOther.m_typedValue.Get();
+        } else {
+            return AreEqual(m_typedValue, iOther.m_typedValue);
+        }
+    }
+
 private:
     // The other value if both have the same type name and it is of this class indeed; else null. A caller may have
     // derived a class that names a type which it is not of.

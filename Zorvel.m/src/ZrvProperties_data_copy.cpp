@@ -159,7 +159,7 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource,
     for (int i = 0; i < iSource.m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry* const source = iSource.m_propertyMap.At(i);
         const ZrvProperty* const held = source ? FindLike_Int(*source, i, areInPlace) : nullptr;
-        objects += held && held->HasObject() ? 1U : 0U;
+        objects += held && held->HasOtherObject(*source->value) ? 1U : 0U;
         if (source && !held) {
             ZrvRC rc = CheckCopy_Int(*source, ioGivenUp);
             if (rc.IsError()) {
@@ -175,8 +175,8 @@ ZrvRC ZrvPropertiesData::SetFromProperties_Int(const ZrvPropertiesData& iSource,
             continue;
         }
         ZrvProperty* const held = areInPlace ? m_propertyMap.At(i)->value : FindLike_Int(*source, i, areInPlace);
-        if (held && !held->HasObject()) {
-            held->Assign(*source->value->GetValue());
+        if (held && !held->HasOtherObject(*source->value)) {
+            held->Assign(*source->value);
             result = ZrvRC::zrvEC_OK;
             continue;
         }

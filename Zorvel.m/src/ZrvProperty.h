@@ -53,6 +53,14 @@ public:
     /// Assigns a value of the same class, which has no objects. Calls no host.
     void Assign(const ZrvPropertyValueBase& iValue) { ValueClass()->assign(*m_value.get(), iValue); }
 
+    /// Assigns the value of a property of the same class that has no other object. Calls no host.
+    void Assign(const ZrvProperty& iOther)
+    {
+        if (!HasObject()) {
+            Assign(*iOther.GetValue());
+        }
+    }
+
     /// The object, with a reference. Calls the host.
     KELReference<KELSysTSBaseUnknown> GetObject() const
     {
@@ -67,6 +75,12 @@ public:
 
     /// Whether the value refers to an object, so that copying it may call the host.
     bool HasObject() const { return ValueClass() && ValueClass()->hasObjects; }
+
+    /// Whether the value refers to an object that a property of the same class does not refer to.
+    bool HasOtherObject(const ZrvProperty& iOther) const
+    {
+        return HasObject() && !ObjectValue().HoldsSame(iOther.ObjectValue());
+    }
 
     /// Whether a copy of the property counts anything, which may call the host.
     bool HasCounted() const { return m_pPropertyPrototype || m_pParameters || HasObject(); }

@@ -24,8 +24,9 @@ TEST(KELCheckFailure, IsPrintedByDefault)
     ::testing::internal::CaptureStderr();
     Check_TRUE_Failed__("a>0", "File", 7, "remark");
     Check_Pointer_Failed__("p", "File", 8, nullptr);
+    CheckFailure__("text", "File", 9, nullptr);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-              "File(7): check failed: a>0 - remark\nFile(8): null pointer: p\n");
+              "File(7): check failed: a>0 - remark\nFile(8): null pointer: p\nFile(9): failure: text\n");
 }
 
 KELRawCollfloat Listed(std::initializer_list<float> iElements)
