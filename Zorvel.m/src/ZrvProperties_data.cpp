@@ -67,14 +67,13 @@ bool ZrvPropertiesData::IsDeclared_Int(const KELUnicodeString& iPropertyName, Zr
     return ioGivenUp.Hold(m_pPrototype.Get())->HasProperty(iPropertyName).IsValid();
 }
 
-bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+bool ZrvPropertiesData::Instantiate_Int(const KELUnicodeString& iPropertyName, const ZrvValueClass* iClass,
                                         ZrvProperty::Prototype& ioPropertyPrototype)
 {
-    const ZrvValueClass* const valueClass = ZrvValueClass::Find(iPropertyType);
-    if (!valueClass) {
+    if (!iClass) {
         return Find_Int(iPropertyName) != nullptr;
     }
-    PropertyPool::Owner property = m_propertyPool.Make(*valueClass);
+    PropertyPool::Owner property = m_propertyPool.Make(*iClass);
     const int added = m_propertyMap.Add(iPropertyName, property.get());
     if (added == 0) { // there is an entry, which may lack a property
         ZrvProperty** const held = m_propertyMap.Locate(iPropertyName);
@@ -130,7 +129,7 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, 
     if (propertyAvailability == ZrvProperties::zrvPA_Instantiated) {
         return ZrvRC::zrvEC_OK;
     }
-    if (!Instantiate_Int(iPropertyName, iPropertyType, ioPropertyPrototype)) {
+    if (!Instantiate_Int(iPropertyName, ZrvValueClass::Find(iPropertyType), ioPropertyPrototype)) {
         return ZrvRC(ZrvRC::zrvEC_Error, "AddProperty: property not instanciated");
     }
     if (!kCheck.IsThere(m_propertyMap.Locate(iPropertyName) != nullptr, "ppProperty")) {
@@ -147,7 +146,7 @@ ZrvRC ZrvPropertiesData::AddProperty_Int(const KELUnicodeString& iPropertyName, 
     const ZrvPropertyDefinition* const declared = Declared_Int(iPropertyName);
     if (declared && !declared->PeekPrototype()) {
         ZrvProperty::Prototype none;
-        return OkIf(Instantiate_Int(iPropertyName, declared->PeekType(), none));
+        return OkIf(Instantiate_Int(iPropertyName, declared->ValueClass(), none));
     }
     return AddAsAnswered_Int(iPropertyName, ioGivenUp);
 }
@@ -171,7 +170,8 @@ ZrvRC ZrvPropertiesData::AddAsAnswered_Int(const KELUnicodeString& iPropertyName
     ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(nested));
     ZrvProperty::Prototype propertyPrototype(nested);
     // What has been answered counts no more if the set follows another prototype by now.
-    const bool isAdded = m_pPrototype == prototype && Instantiate_Int(iPropertyName, propertyType, propertyPrototype);
+    const bool isAdded = m_pPrototype == prototype &&
+                         Instantiate_Int(iPropertyName, ZrvValueClass::Find(propertyType), propertyPrototype);
     ioGivenUp.Keep(KELReference<KELSysTSBaseUnknown>::Adopt(propertyPrototype.Detach()));
     return OkIf(isAdded);
 }

@@ -131,10 +131,10 @@ private:
     /// Whether the prototype allows the name; a free set allows any. May call the host.
     bool IsDeclared_Int(const KELUnicodeString& iPropertyName, ZrvGivenUp& ioGivenUp) const KEL_REQUIRES(m_mutex);
 
-    /// Makes a default property and puts it under a name, unless there is one; false for an unknown type name and none.
+    /// Makes a default property and puts it under a name, unless there is one; false for no class and none.
     /// Calls no host. A map that takes no more entries, which reports that itself, leaves no property behind.
     /// \param ioPropertyPrototype is given to the property; stays as it is when there is no new one
-    bool Instantiate_Int(const KELUnicodeString& iPropertyName, const KELUnicodeString& iPropertyType,
+    bool Instantiate_Int(const KELUnicodeString& iPropertyName, const ZrvValueClass* iClass,
                          ZrvProperty::Prototype& ioPropertyPrototype) KEL_REQUIRES(m_mutex);
 
     PropertyPool m_propertyPool KEL_GUARDED_BY(m_mutex); // where the properties lie, and stay

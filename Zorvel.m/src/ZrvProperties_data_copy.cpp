@@ -60,7 +60,7 @@ bool ZrvPropertiesData::IsAsDeclared_Int() const
     for (int i = 0; m_pPrototype && i < m_propertyMap.Size(); ++i) {
         const PropertyMap::Entry& entry = *m_propertyMap.At(i);
         const ZrvPropertyDefinition* const declared = Declared_Int(entry.key);
-        if (!declared || declared->PeekType() != entry.value->ValueClass()->TypeName()) {
+        if (!declared || declared->ValueClass() != entry.value->ValueClass()) {
             return false;
         }
     }

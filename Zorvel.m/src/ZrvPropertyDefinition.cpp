@@ -1,7 +1,6 @@
 #include "ZrvPropertyDefinition.h"
 
 #include "ZrvCheck.h"
-#include "ZrvPropertyTypeConv.h"
 
 namespace {
 constexpr ZrvCheck g_check("ZrvPropertyDefinition");
@@ -9,7 +8,7 @@ constexpr ZrvCheck g_check("ZrvPropertyDefinition");
 
 ZrvPropertyDefinition::ZrvPropertyDefinition(const KELUnicodeString& iType,
                                              ZrvConstPropertiesPrototype* iPropertyPrototype)
-    : m_type(iType), m_pPropertyPrototype(iPropertyPrototype)
+    : m_type(iType), m_pPropertyPrototype(iPropertyPrototype), m_class(ZrvValueClass::Find(iType))
 {
 }
 
@@ -22,6 +21,7 @@ ZrvRC ZrvPropertyDefinition::SetType(const KELUnicodeString& iType)
         return ZrvRC(ZrvRC::zrvEC_Error, "Value type of property is already defined.");
     }
     m_type = iType;
+    m_class = ZrvValueClass::Find(iType);
     return ZrvRC::zrvEC_OK;
 }
 
@@ -35,9 +35,4 @@ ZrvRC ZrvPropertyDefinition::SetPrototype(ZrvConstPropertiesPrototype* iProperty
     }
     m_pPropertyPrototype = iPropertyPrototype;
     return ZrvRC::zrvEC_OK;
-}
-
-ZrvPropertyType ZrvPropertyDefinition::GetAsType() const
-{
-    return ZrvPropertyTypeConv::GetEnum(m_type);
 }

@@ -6,6 +6,7 @@
 #include "ZrvConstPropertiesPrototype.h"
 #include "ZrvPropertyType.h"
 #include "ZrvRC.h"
+#include "ZrvValueClass.h"
 
 #include <utility>
 
@@ -31,17 +32,16 @@ public:
     ZrvRC SetPrototype(ZrvConstPropertiesPrototype* iPropertyPrototype);
 
     KELUnicodeString GetType() const { return m_type; }
-    ZrvPropertyType GetAsType() const;
+    ZrvPropertyType GetAsType() const { return m_class ? m_class->type : zrvPT_Undefined; }
+
+    /// The class of that type's values; null for a type name that is none of the library's.
+    const ZrvValueClass* ValueClass() const { return m_class; }
 
     /// The nested prototype with a reference added for the caller, who releases it, or null.
     ZrvConstPropertiesPrototype* GetPrototype() const { return m_pPropertyPrototype.Share(); }
 
-    /// The same without a copy or a reference of the caller's own: valid as long as the definition. The prototype may
-    /// be null.
-    /// @{
-    const KELUnicodeString& PeekType() const { return m_type; }
+    /// The same without a reference of the caller's own: valid as long as the definition.
     ZrvConstPropertiesPrototype* PeekPrototype() const { return m_pPropertyPrototype.Get(); }
-    /// @}
 
     /// Gives the nested prototype up.
     KELReference<ZrvConstPropertiesPrototype> TakePrototype() noexcept { return std::move(m_pPropertyPrototype); }
@@ -49,6 +49,7 @@ public:
 private:
     KELUnicodeString m_type;
     KELReference<ZrvConstPropertiesPrototype> m_pPropertyPrototype;
+    const ZrvValueClass* m_class; // of m_type, which is then not looked for again by each set
 };
 
 #endif

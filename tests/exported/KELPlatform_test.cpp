@@ -53,7 +53,7 @@ TEST(KELRawCollfloat, ComparesByElementsOfItsOwn)
     float& lent = list[2];
     KELRawCollfloat copy = list;
     lent = 5.0F, copy.Size(4, 7.0F), copy.Size(3, 0.0F);
-    EXPECT_TRUE(KELRawCollfloat::Compare(copy, Listed({1.0F, 2.0F, 7.0F})) == 0 && list[2] == 5.0F);
+    EXPECT_TRUE(KELRawCollfloat::Compare(copy, Listed({1.0F, 2.0F, 7.0F})) == 0 && std::as_const(list)[2] == 5.0F);
     EXPECT_TRUE((copy.Size(-1, 0.0F), copy.Size() == 0));
 }
 

@@ -86,7 +86,9 @@ TEST(KELUnicodeString, IsTheSameHoweverItIsPutTogether)
                 EXPECT_TRUE(IsSame(text.Append("b"), head + middle + "b")) << first << ' ' << second << ' ' << all;
                 text.Append(Show(middle)).Append(text);
                 text = std::as_const(text);
-                EXPECT_TRUE(IsSame(text, half + half)) << first << ' ' << second << ' ' << all;
+                EXPECT_TRUE(IsSame(text, half + half) && IsSame(text.Append("c"), half + half + "c") &&
+                            IsSame(text.Append("d"), half + half + "cd"))
+                    << first << ' ' << second << ' ' << all;
                 EXPECT_TRUE(IsSame(shared, head + middle) &&
                             IsSame(other.Append(Show(middle), "c"), head + middle + "c"));
             }

@@ -17,7 +17,9 @@ TEST(ZrvRC, TranslatesPlatformResults)
         {-2, "error: Unknown error hresult."},
     };
     for (const auto& [result, words] : rows) {
-        EXPECT_EQ(InWords(ZrvRC(result)), words) << result;
+        ZrvRC rc(result);
+        EXPECT_EQ(InWords(rc), words) << result;
+        EXPECT_EQ(rc != ZrvRC(), rc.IsError());
     }
 }
 

@@ -45,7 +45,8 @@ TEST(Hosts, NamesOfOneHashAreComparedAsSeldomAsOthersHeldAndForgotten)
         ASSERT_TRUE(prototype.AddProperty(name, zrvPT_INT32, nullptr).IsValid() && set.AddProperty(name).IsValid());
     }
     EXPECT_LT(s_comparisons, 4 * kMany);
-    const ZrvProperties copy(set);
+    ZrvProperties copy;
+    copy = ZrvProperties(set);
     for (const Name& name : names) {
         ASSERT_TRUE(copy.HasProperty(name) && prototype.RemoveProperty(name).IsValid() && !prototype.HasProperty(name));
     }
@@ -93,21 +94,18 @@ TEST(Hosts, AnObjectMayReplaceTheSetThatCountsIt)
 
 TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)
 {
+    static const char* s_frame = nullptr;
     struct Innermost : ZrvPrototypeImpl {
-        ~Innermost() override { *frame = static_cast<const char*>(__builtin_frame_address(0)); }
-        const char** frame = nullptr;
+        ~Innermost() override { s_frame = static_cast<const char*>(__builtin_frame_address(0)); }
     };
-    const char* frame = nullptr;
-    auto* const innermost = new Innermost;
-    innermost->frame = &frame;
-    auto outermost = KELReference<ZrvPrototypeImpl>::Adopt(innermost);
+    auto outermost = KELReference<ZrvPrototypeImpl>::Adopt(new Innermost);
     for (int i = 0; i < 100000; ++i) {
         auto* const outer = new ZrvPrototypeImpl;
         outer->AddProperty("nested", zrvPT_Float, outermost.Get());
         outermost = KELReference<ZrvPrototypeImpl>::Adopt(outer);
     }
     outermost = nullptr;
-    EXPECT_LT(std::llabs(static_cast<const char*>(__builtin_frame_address(0)) - frame), 20000);
+    EXPECT_LT(std::llabs(static_cast<const char*>(__builtin_frame_address(0)) - s_frame), 20000);
 }
 
 } // namespace

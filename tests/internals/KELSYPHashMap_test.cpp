@@ -1,5 +1,7 @@
 #include "KELSYPHashMap.h"
 
+#include "CheckRecorder.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -21,8 +23,13 @@ TEST(KELSYPHashMap, IteratorsMeetEachEntryOnce)
         met.erase(item->pKey->ConvertToChar());
     }
     EXPECT_TRUE(met.empty());
+    CheckRecorder reports;
     KELUnicodeString key("a");
     EXPECT_TRUE(map.CompareElements(&key, &key) && !map.CompareElements(&key, nullptr) && !map.HashElement(nullptr));
+    EXPECT_TRUE(!map.CompareElements(nullptr, &key));
+    EXPECT_EQ(
+        reports.Take(),
+        " [pointer i_elem2 in KELSYPHashMap] [pointer i_elem in KELSYPHashMap] [pointer i_elem1 in KELSYPHashMap]");
 }
 
 } // namespace

@@ -52,12 +52,10 @@ struct SetModel {
     /// A value without a type for a name that is not held.
     ValueModel Held(const Name& iName) const { return Has(iName) ? held.at(iName) : std::monostate(); }
 
-    ZrvProperties::PropertyAvailability Availability(const Name& iName) const
+    int Availability(const Name& iName) const
     {
-        return Has(iName) ? ZrvProperties::zrvPA_Instantiated
-               : iName != "" && (!prototype || prototype->declared.count(iName) != 0)
-                   ? ZrvProperties::zrvPA_Available
-                   : ZrvProperties::zrvPA_Unavailable;
+        const bool isAllowed = iName != "" && (!prototype || prototype->declared.count(iName) != 0);
+        return Has(iName) ? 2 : isAllowed ? 1 : 0;
     }
 
     std::string AddTyped(const Name& iName, const Name& iType)

@@ -141,6 +141,7 @@ private:
         const auto answer = [&] { return isDeclared ? "ok" : "error"; };
         const std::string type = std::to_string(DefaultValue(declaration.type).index());
         ZrvConstPropertiesPrototype* nested = &real; // is left there by a refusal
+        Both([&] { return real.IsValid(); }, [] { return "ok"; });
         Both([&] { return real.HasProperty(iName); }, answer);
         Both([&] { return Name(real.GetPropertyType(iName)); }, [&] { return InWords(declaration.type); });
         Both([&] { return int{real.GetPropertyAsType(iName)}; }, [&] { return type; });

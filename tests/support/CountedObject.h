@@ -3,6 +3,7 @@
 
 #include "KELSysTSBaseUnknown.h"
 
+#include <algorithm>
 #include <functional>
 
 /// A counted object that does something when it goes.
@@ -15,7 +16,8 @@ struct CountedObject : KELSysTSBaseUnknown {
 /// The references on an object, the caller's included.
 inline KELUINT32 CountOf(KELSysTSBaseUnknown& ioObject)
 {
-    return ioObject.AddRef(), ioObject.Release();
+    const KELUINT32 added = ioObject.AddRef();
+    return std::min(added - 1, ioObject.Release());
 }
 
 #endif
