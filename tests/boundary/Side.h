@@ -2,7 +2,6 @@
 #define Side_H
 
 class Maker;
-class ZrvConstPropertiesPrototype;
 
 /// What one module offers to another, which is built from the same sources and has its own copies of all that is
 /// inline. Whoever only introduces sides to each other needs to link nothing. What a check returns tells what did not
@@ -12,16 +11,11 @@ public:
     virtual Maker& Own() = 0;
 
     /// Uses what both makers make at random, and compares it with the model.
-    virtual const char* UseAtRandom(Maker& ioOther, int iSeed) = 0;
+    /// \param iFails whether what is called back throws, past the library
+    virtual const char* UseAtRandom(Maker& ioOther, int iSeed, bool iFails) = 0;
 
     /// Sets and deletes here what the other maker has made and duplicated, of each type.
     virtual const char* PassValues(Maker& ioOther) = 0;
-
-    /// Out of which the platform library throws the standard allocation failure.
-    virtual ZrvConstPropertiesPrototype* Exhausted() = 0;
-
-    /// Lets such a failure pass through the other side and the library.
-    virtual const char* PassFailures(Side& ioOther) = 0;
 
 protected:
     ~Side() = default;

@@ -41,10 +41,11 @@ TEST_F(ZrvPropertiesTest, ListsReportOtherPositions)
     }
 }
 
-/// A set that names nothing it holds.
+/// A set that does not say how much it holds.
 struct SecretiveSet : ZrvProperties {
     using ZrvProperties::GetListProperties;
-    int GetListProperties(KELListValKELUnicodeString&) const override { return 0; }
+    int GetListProperties(KELListValKELUnicodeString&) const override { return said; }
+    int said = 0;
 };
 
 TEST_F(ZrvPropertiesTest, CopyAssignsInPlaceWhatTheSourceNames)
@@ -59,6 +60,9 @@ TEST_F(ZrvPropertiesTest, CopyAssignsInPlaceWhatTheSourceNames)
     EXPECT_FALSE(held->IsPurelyIdenticalTo(value));
     EXPECT_EQ(Answer(target.SetFromProperties(ZrvProperties(source))), "ok");
     EXPECT_TRUE(held->IsPurelyIdenticalTo(value) && held == target.GetProperty("a"));
+    SecretiveSet empty;
+    empty.said = 1;
+    EXPECT_EQ(Answer(target.SetFromProperties(empty)), "error");
 }
 
 /// A prototype of the host's, which answers as it likes: that it declares everything but "absent", a type for each

@@ -26,7 +26,7 @@ TEST(KELSYPHashMap, IteratorsMeetEachEntryOnce)
     CheckRecorder reports;
     KELUnicodeString key("a");
     EXPECT_TRUE(map.CompareElements(&key, &key) && !map.CompareElements(&key, nullptr) && !map.HashElement(nullptr));
-    EXPECT_TRUE(!map.CompareElements(nullptr, &key));
+    EXPECT_TRUE(!map.CompareElements(nullptr, &key) && !KELSYPHashMapBaseIterator(nullptr).InternalCurrentItem());
     EXPECT_EQ(
         reports.Take(),
         " [pointer i_elem2 in KELSYPHashMap] [pointer i_elem in KELSYPHashMap] [pointer i_elem1 in KELSYPHashMap]");

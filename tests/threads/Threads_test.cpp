@@ -182,6 +182,7 @@ TEST(Threads, SharePrototypesTextsAndFloats)
         EXPECT_TRUE(list[1] == 1.0F && list.Size() == 6 && other[1] == 3.0F);
     };
     RunTogether({use, use, use, use});
+    EXPECT_EQ(CountOf(nested), 3U) << "the assigned set's property holds it, too";
     shared = ZrvProperties();
     EXPECT_TRUE(CountOf(nested) == 2 && CountOf(prototype) == 1 && floats.Size() == 5 && floats[1] == 1.0F);
 }
