@@ -90,6 +90,8 @@ TEST(Hosts, AnObjectMayReplaceTheSetThatCountsIt)
     object.replaced = &held;
     EXPECT_TRUE(held.SetFromProperties(source).IsValid() && ZrvReadProperty<float>(held, "last") == 0.5F);
     EXPECT_EQ(ZrvReadProperty<float>(held, "other"), 0.0F) << "has come to where the last one was";
+    object.replaced = &source;
+    EXPECT_EQ(ZrvReadProperty<float>(ZrvProperties(source), "last"), 0.5F) << "copied before the object is counted";
 }
 
 TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)

@@ -54,8 +54,10 @@ private:
             return "ok" + answer.substr(std::min(answer.find(" ["), answer.size())); // no result, only reports
         };
         const auto copy = [&] { return &source == &ioSet ? "nothing done" : model.Copy(source.model, names); };
+        const bool adds = !std::all_of(begin(names), end(names), [&](const Name& iName) { return model.Has(iName); });
+        Set* const mayBeHalf = adds || m_trouble == Trouble::CallBacks ? &ioSet : nullptr;
         IsOneOf(2) ? Both([&] { return real = *source.real, ZrvRC(); }, assign, &ioSet)
-                   : Both([&] { return real.SetFromProperties(*source.real); }, copy, &ioSet);
+                   : Both([&] { return real.SetFromProperties(*source.real); }, copy, mayBeHalf);
     }
 
     void Add(Set& ioSet, const Name& iName)
