@@ -50,7 +50,8 @@ bool IsSame(const KELUnicodeString& iReal, const std::string& iText)
 
 TEST(KELUnicodeString, CountsAndCompares)
 {
-    std::vector<std::string> texts = {std::string("a\0b", 3), std::string("a\0c", 3)};
+    std::vector<std::string> texts = {std::string("a\0b", 3), std::string("a\0c", 3), std::string(39, 'a') + "b",
+                                      std::string(40, 'a')};
     for (std::size_t start = 0; start < g_all.size(); ++start) {
         for (std::size_t count = 0; count <= 27; ++count) {
             const std::string text = Joined(Part(start, count));
