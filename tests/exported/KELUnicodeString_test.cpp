@@ -37,7 +37,8 @@ std::string Joined(const Characters& iText)
 
 KELUnicodeString Show(const std::string& iText)
 {
-    return KELUnicodeString(iText.data(), iText.size());
+    const std::string longer = iText + "\x80 of a longer text";
+    return KELUnicodeString(longer.data(), iText.size());
 }
 
 /// Whether a string is as if it had been made of the text at once.

@@ -61,8 +61,7 @@ TEST_F(ZrvPropertiesTest, CopyAssignsInPlaceWhatTheSourceNames)
     EXPECT_EQ(Answer(target.SetFromProperties(ZrvProperties(source))), "ok");
     EXPECT_TRUE(held->IsPurelyIdenticalTo(value) && held == target.GetProperty("a"));
     SecretiveSet empty;
-    empty.said = 1;
-    EXPECT_EQ(Answer(target.SetFromProperties(empty)), "error");
+    EXPECT_EQ((empty.said = 1, Answer(target.SetFromProperties(empty))), "error");
 }
 
 /// A prototype of the host's, which answers as it likes: that it declares everything but "absent", a type for each

@@ -8,13 +8,12 @@
 
 namespace {
 
-/// What an operation adds to a count of the memory's.
-template <class Count, class Operation>
-long Added(const Count& iCount, const Operation& iOperation)
+template <class Operation>
+long BytesOf(const Operation& iOperation)
 {
-    const long before = iCount;
+    const long before = OwnMemory::s_allocatedBytes;
     iOperation();
-    return iCount - before;
+    return OwnMemory::s_allocatedBytes - before;
 }
 
 TEST(Allocations, NoneForAPropertyThatIsThere)
@@ -33,7 +32,7 @@ TEST(Allocations, NoneForAPropertyThatIsThere)
             EXPECT_TRUE(set.SetProperty("a short name", ZrvPropertyValue<KELUnicodeString>("25 bytes lie in a string."))
                             .IsValid());
         };
-        EXPECT_EQ(Added(OwnMemory::s_allocatedBytes, use), 0) << type;
+        EXPECT_EQ(BytesOf(use), 0) << type;
     }
 }
 
@@ -53,7 +52,6 @@ TEST(Allocations, CostWhatTheyDidAndAreGivenBack)
         ZrvProperties set, target;
         ZrvRC rc, merged;
         KELRawCollfloat floats(0);
-        const auto bytes = [](const auto& iOperation) { return Added(OwnMemory::s_allocatedBytes, iOperation); };
         const auto each = [&](const auto& iOperation) {
             for (long i = 0; i < row[0]; ++i) {
                 iOperation(KELUnicodeString(std::to_string(i).c_str()));
@@ -66,21 +64,21 @@ TEST(Allocations, CostWhatTheyDidAndAreGivenBack)
         const auto declareAll = [&] { declare("kept"), declare("more"), each(declare); };
         const long live = OwnMemory::s_liveBytes;
         const std::vector<long> costs = {row[0],
-                                         bytes([&] { each(add); }),
-                                         bytes(declareAll),
-                                         bytes([&] { const ZrvProperties copy(set); }),
-                                         bytes([&] { target = set; }),
-                                         bytes([&] { each(trace); }),
-                                         bytes([&] { each(append); })};
+                                         BytesOf([&] { each(add); }),
+                                         BytesOf(declareAll),
+                                         BytesOf([&] { const ZrvProperties copy(set); }),
+                                         BytesOf([&] { target = set; }),
+                                         BytesOf([&] { each(trace); }),
+                                         BytesOf([&] { each(append); })};
         EXPECT_EQ(costs, row);
-        EXPECT_EQ(bytes([&] { prototype.RemoveProperty("more"), declare("more"); }), 0);
+        EXPECT_EQ(BytesOf([&] { prototype.RemoveProperty("more"), declare("more"); }), 0);
         set = target = ZrvProperties();
         rc = merged = ZrvRC();
         floats = KELRawCollfloat(0);
         each([&](const auto& iName) { prototype.RemoveProperty(iName); });
         prototype.RemoveProperty("kept"), prototype.RemoveProperty("more");
         EXPECT_LE(OwnMemory::s_liveBytes, live + 1100);
-        EXPECT_EQ(bytes(declareAll), row[2] - (row[0] < 15 ? 384 : 0)) << "the table keeps its first room";
+        EXPECT_EQ(BytesOf(declareAll), row[2] - (row[0] < 15 ? 384 : 0)) << "the table keeps its first room";
     }
 }
 

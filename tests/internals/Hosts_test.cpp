@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <vector>
 
@@ -31,6 +32,7 @@ TEST(Hosts, NamesOfOneHashAreComparedAsSeldomAsOthersHeldAndForgotten)
     using Name = KELUnicodeString;
     static std::size_t s_comparisons = 0;
     std::vector<Name> names = NamesOfOneHash(kMany);
+    std::generate_n(names.begin(), 1000, [i = 0]() mutable { return Name(std::to_string(++i).c_str()); });
     ZrvPrototypeImpl prototype;
     ZrvProperties set(&prototype);
     KELSysSimpleHashTable table(

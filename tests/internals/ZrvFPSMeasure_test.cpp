@@ -7,8 +7,6 @@
 
 namespace {
 
-using Clock = KELSysElapseTime;
-
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
@@ -39,7 +37,7 @@ TEST(ZrvFPSMeasure, MeasuresAfterWholePeriods)
         for (int i = 0; i < frames; ++i) {
             meter->IncrementFrames();
         }
-        Clock::s_microseconds = clock;
+        KELSysElapseTime::s_microseconds = clock;
         if (asked == 'c') {
             meter->m_clock.ahead = 1e6;
             meter = std::make_unique<ZrvFPSMeasure>(*meter);

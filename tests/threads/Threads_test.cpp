@@ -111,8 +111,7 @@ bool IsWhole(const ZrvProperties& iSet)
 // Copies go in every direction. A reader meets what was assigned as a whole, never an emptied or half-filled set.
 TEST(Threads, CopyAndReadWhileAssigned)
 {
-    const ZrvProperties few = Filled(3, 1);
-    const ZrvProperties many = Filled(9, 2);
+    const ZrvProperties few = Filled(3, 1), many = Filled(9, 2);
     ZrvProperties sets[] = {few, few, many};
     const Job write = [&](int iRound) { sets[iRound % 2] = iRound % 3 ? few : many; };
     const Job assign = [&](int iRound) { sets[iRound % 3] = sets[(iRound + iRound % 2 + 1) % 3]; };
