@@ -58,6 +58,8 @@ private:
     Word m_words[4] = {};
 };
 
+static_assert(sizeof(KELShortText) == 32, "built callers have strings of this size");
+
 /// A Unicode string: UTF-8 text with its hash and its number of characters.
 ///
 /// A text of up to 25 bytes lies inside the string; a longer one lies on the heap, where copies share and count it.

@@ -56,7 +56,7 @@ TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
               "error: odd: cannot be declared as a float");
     ZrvProperties bound(prototype.Get());
     ZrvProperties set;
-    const Named odd("colour", ZrvPropertyValueBase());
+    const Named odd("c", ZrvPropertyValueBase());
     const ZrvPropertyValue<double> three(3);
     const std::string refused = " [condition m_value->SetValueFromProperty(iValue) in ZrvProperty]";
     const std::string mismatch = "error: ratio: holds a float, not a double" + refused;

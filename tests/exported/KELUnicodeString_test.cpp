@@ -68,6 +68,7 @@ TEST(KELUnicodeString, CountsAndCompares)
             EXPECT_EQ(Show(first).ComputeHashKey() == Show(second).ComputeHashKey(), isSame) << first << ' ' << second;
         }
     }
+    EXPECT_THROW(KELUnicodeString("", std::size_t{1} << 31U), std::bad_alloc);
     EXPECT_EQ(Show("rate73436").ComputeHashKey(), Show("rate73804").ComputeHashKey()) << "random use needs other names";
 }
 

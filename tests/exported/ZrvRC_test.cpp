@@ -17,9 +17,8 @@ TEST(ZrvRC, TranslatesPlatformResults)
         {-2, "error: Unknown error hresult."},
     };
     for (const auto& [result, words] : rows) {
-        ZrvRC rc(result);
-        EXPECT_EQ(InWords(rc), words) << result;
-        EXPECT_EQ(rc != ZrvRC(), rc.IsError());
+        EXPECT_EQ(InWords(ZrvRC(result)), words) << result;
+        EXPECT_EQ(ZrvRC(result) != ZrvRC(), ZrvRC(result).IsError());
     }
 }
 
