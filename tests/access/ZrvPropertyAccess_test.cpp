@@ -50,7 +50,7 @@ TEST_F(ZrvPropertyAccessTest, AValueIsCastToItsTypeWhenItsClassIsOfThatType)
 TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
 {
     const auto prototype = KELReference<ZrvPrototypeImpl>::Adopt(new ZrvPrototypeImpl);
-    EXPECT_EQ(Answer(prototype->AddProperty("odd", "colour", nullptr)), "ok");
+    EXPECT_EQ(Answer(prototype->AddProperty("odd", "c", nullptr)), "ok");
     EXPECT_EQ(Answer(ZrvDeclareProperties(*prototype.Get(),
                                           {{"odd", zrvPT_Float}, {"width", zrvPT_UINT32}, {"ratio", zrvPT_Float}})),
               "error: odd: cannot be declared as a float");
@@ -79,7 +79,7 @@ TEST_F(ZrvPropertyAccessTest, PublishingAddsWhatIsMissingOrSaysWhatIsInTheWay)
     EXPECT_EQ(InWords(ZrvPublishProperty(bound, "", g_half)), "error: a property needs a name");
     EXPECT_EQ(InWords(ZrvPublishProperty(set, "n", ZrvPropertyValueBase())), "error: n: was given a value of no type");
     EXPECT_NE(reports.Take(), "");
-    EXPECT_EQ(Answer(ZrvAddDeclaredProperties(bound)), "error: odd: cannot be added as a colour");
+    EXPECT_EQ(Answer(ZrvAddDeclaredProperties(bound)), "error: odd: cannot be added as a c");
     EXPECT_EQ(Answer(ZrvAddDeclaredProperties(set)), "error: the set has no prototype");
     EXPECT_EQ(PrintToString(bound), "ratio  float                   0.5\nwidth  KELUINT32               0\n");
     EXPECT_EQ(ZrvReadProperty<float>(set, "width") + ZrvReadProperty<float>(set, "more"), 1);
