@@ -18,11 +18,9 @@ int main()
     floats.Size(3, 0.5F);
     unsigned char byte = 0;
     ZrvProperties set, empty;
-    rc.Add(ZrvPublishProperty(set, "width", KELUINT32(1920)));
-    rc.Add(ZrvPublishProperty(set, "title", longText)).Add(ZrvPublishProperty(set, "means", floats));
-    rc.Add(ZrvPublishProperty(set, "on", KELBoolean(1))).Add(ZrvPublishProperty(set, "rate", 0.25));
-    rc.Add(ZrvPublishProperty(set, "gain", 0.5F)).Add(ZrvPublishProperty(set, "count", -1));
-    rc.Add(ZrvPublishProperty(set, "bytes", &byte));
+    const auto add = [&](const char* iName, const auto& iValue) { rc.Add(ZrvPublishProperty(set, iName, iValue)); };
+    add("width", KELUINT32(1920)), add("title", longText), add("means", floats), add("on", KELBoolean(1));
+    add("rate", 0.25), add("gain", 0.5F), add("count", -1), add("bytes", &byte);
     rc.Add(ZrvPublishProperty<KELSysTSBaseUnknown*>(set, "object", inner.Get()));
     const ZrvPropertyValueBase* value = set.GetProperty("rate");
     const ZrvPropertyValueBase* missing = set.GetProperty("missing");

@@ -71,7 +71,8 @@ TEST(Allocations, CostWhatTheyDidAndAreGivenBack)
                                          BytesOf([&] { each(trace); }),
                                          BytesOf([&] { each(append); })};
         EXPECT_EQ(costs, row);
-        EXPECT_EQ(BytesOf([&] { prototype.RemoveProperty("more"), declare("more"); }), 0);
+        const auto renew = [&](const auto&) { prototype.RemoveProperty("more"), declare("more"); };
+        EXPECT_EQ(BytesOf([&] { each(renew); }), 0);
         set = target = ZrvProperties();
         rc = merged = ZrvRC();
         floats = KELRawCollfloat(0);

@@ -55,8 +55,10 @@ std::atomic<int> g_reports{0};
 // What a host may do on a report: look into the set that makes it, change it and copy it.
 void CallBack(const KELCheckFailure&)
 {
-    ZrvPublishProperty<KELINT32>(*g_reporting, "reported", ++g_reports);
+    const int number = ++g_reports;
+    ZrvPublishProperty<KELINT32>(*g_reporting, "reported", number);
     const ZrvProperties copy(*g_reporting);
+    EXPECT_EQ(g_reports, number) << "no other thread gets in, however often the lock is taken and given up";
 }
 
 TEST(Threads, UseOneSetWithEveryOperation)
