@@ -67,9 +67,8 @@ void KELRawCollfloat::Size(int iCount, float iFill)
 {
     const int count = std::max(iCount, 0);
     Grow(count);
-    if (count > m_elements->size) {
-        std::uninitialized_fill_n(m_elements->Values() + m_elements->size, count - m_elements->size, iFill);
-    }
+    std::uninitialized_fill(m_elements->Values() + m_elements->size,
+                            m_elements->Values() + std::max(count, m_elements->size), iFill);
     m_elements->size = count;
 }
 
@@ -108,5 +107,5 @@ int KELRawCollfloat::Compare(const KELRawCollfloat& iLeft, const KELRawCollfloat
             return left < right ? -1 : 1;
         }
     }
-    return iLeft.Size() == iRight.Size() ? 0 : iLeft.Size() < iRight.Size() ? -1 : 1;
+    return (shorter < iLeft.Size() ? 1 : 0) - (shorter < iRight.Size() ? 1 : 0);
 }

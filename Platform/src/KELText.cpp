@@ -16,7 +16,7 @@ std::size_t KELUtf8::IncompleteTail(const char* iText, std::size_t iLength) noex
 
 bool KELUtf8::IsBoundary(const char* iText, std::size_t iLength, std::size_t iOffset) noexcept
 {
-    if (iOffset >= iLength || !IsTrail(iText[iOffset])) {
+    if (iOffset == iLength || !IsTrail(iText[iOffset])) {
         return true;
     }
     constexpr std::size_t kMostBytes = 3; // of a character in front of its last byte

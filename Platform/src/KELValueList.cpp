@@ -33,7 +33,7 @@ KELValueList<T>::KELValueList(const KELValueList& iOther)
 {
     static_assert(std::is_nothrow_copy_constructible_v<T> && std::is_nothrow_move_constructible_v<T>,
                   "only allocating an array may throw");
-    if (iOther.m_size > 0) {
+    if (iOther.m_size != 0) {
         m_elements = Allocate(iOther.m_size);
         std::uninitialized_copy_n(iOther.m_elements, iOther.m_size, m_elements);
         m_size = m_capacity = iOther.m_size;

@@ -111,7 +111,7 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
     names.PutBack("b"), names.PutBack(names[1]);
     const KELSysTSListOfUnicodeString copy(names);
     auto name = begin(copy);
-    EXPECT_TRUE((*name++).ConvertToChar() == std::string("b") && ++name == end(copy));
+    EXPECT_TRUE(decltype(name)() == name && (*name++).ConvertToChar() == std::string("b") && ++name == end(copy));
 
     const auto object = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject);
     EXPECT_EQ(Answer(ZrvPublishProperty(set, "object", object.Get())), "ok");
