@@ -5,6 +5,7 @@
 #include "KELUnicodeString.h"
 #include "ZrvConstPropertiesPrototype.h"
 #include "ZrvPropertyType.h"
+#include "ZrvPropertyTypeConv.h"
 #include "ZrvRC.h"
 #include "ZrvValueClass.h"
 
@@ -32,9 +33,10 @@ public:
     ZrvRC SetPrototype(ZrvConstPropertiesPrototype* iPropertyPrototype);
 
     KELUnicodeString GetType() const { return m_type; }
-    ZrvPropertyType GetAsType() const { return m_class ? m_class->type : zrvPT_Undefined; }
+    ZrvPropertyType GetAsType() const { return ZrvPropertyTypeConv::GetEnum(m_type); }
 
-    /// The class of that type's values; null for a type name that is none of the library's.
+    /// The class of that type's values; null for a type name that is none of the library's. Says nothing in a
+    /// definition that was moved from.
     const ZrvValueClass* ValueClass() const { return m_class; }
 
     /// The nested prototype with a reference added for the caller, who releases it, or null.

@@ -14,11 +14,11 @@ TEST(ZrvRC, TranslatesPlatformResults)
         {-2147467259L, "error: E_FAIL : Failure."},
         {static_cast<long>(0x8007000EL), "error: E_OUTOFMEMORY : Insufficient memory."},
         {static_cast<long>(0x80070057L), "error: E_INVALIDARG : Argument is invalid."},
-        {-2, "error: Unknown error hresult."},
-    };
+        {-2, "error: Unknown error hresult."}};
     for (const auto& [result, words] : rows) {
-        EXPECT_EQ(InWords(ZrvRC(result)), words) << result;
-        EXPECT_EQ(ZrvRC(result) != ZrvRC(), ZrvRC(result).IsError());
+        ZrvRC rc(result), ok;
+        EXPECT_EQ(InWords(rc), words) << result;
+        EXPECT_EQ(rc != std::as_const(ok), rc.IsError()); // C++20 asks == for two that are not constant
     }
 }
 

@@ -12,8 +12,7 @@ int main()
     rc.Add(outer->AddProperty("stream", zrvPT_BaseUnknownPtr, inner.Get()));
     rc.Add(outer->AddProperty("width", zrvPT_UINT32, nullptr));
     ZrvConstPropertiesPrototype* prototype = outer.Get();
-    KELUnicodeString shortText("\"short\" \xE9\x9B\xBB\n");
-    KELUnicodeString longText("a text that is too long to lie inside");
+    KELUnicodeString shortText("\"short\" \xE9\x9B\xBB\n"), longText("a text that is too long to lie inside");
     KELRawCollfloat floats;
     floats.Size(3, 0.5F);
     unsigned char byte = 0;
@@ -22,8 +21,7 @@ int main()
     add("width", KELUINT32(1920)), add("title", longText), add("means", floats), add("on", KELBoolean(1));
     add("rate", 0.25), add("gain", 0.5F), add("count", -1), add("bytes", &byte);
     rc.Add(ZrvPublishProperty<KELSysTSBaseUnknown*>(set, "object", inner.Get()));
-    const ZrvPropertyValueBase* value = set.GetProperty("rate");
-    const ZrvPropertyValueBase* missing = set.GetProperty("missing");
+    const ZrvPropertyValueBase *value = set.GetProperty("rate"), *missing = set.GetProperty("missing");
     ZrvRC failure = ZrvRC(ZrvRC::zrvEC_Error, "what went wrong");
     KELListValKELUnicodeString names;
     names.Append(shortText);

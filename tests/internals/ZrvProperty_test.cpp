@@ -25,8 +25,7 @@ TEST_F(ZrvPropertyTest, IsMadeCopiedAndSetByItself)
     EXPECT_EQ(Answer(copy->GetParameters(&parameters)), "error [condition !(*opProperties) in ZrvProperty]");
     delete parameters;
     EXPECT_EQ(Answer(copy->GetParameters(nullptr)), "error [pointer opProperties in ZrvProperty]");
-    EXPECT_EQ(Answer(ZrvProperty::CreateProperty("float", made, nullptr)),
-              "error [condition !oProperty in ZrvProperty]");
+    EXPECT_EQ(Answer(ZrvProperty::CreateProperty("i", made, nullptr)), "error [condition !oProperty in ZrvProperty]");
     ZrvProperty empty(nullptr);
     EXPECT_TRUE(!empty.Duplicate() && empty.GetType() == "" && empty.SetValue(ZrvPropertyValue<float>(1)).IsValid());
     EXPECT_TRUE(reports.Take() != "" && empty.SetValue(ZrvPropertyValue<double>(1)).IsError() && reports.Take() != "");

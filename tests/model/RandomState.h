@@ -224,8 +224,7 @@ private:
 
     OwnMaker m_own;
     Maker* const m_makers[2];
-    int m_steps = 0;
-    int m_age = 0;                // of the newest prototype
+    int m_steps = 0, m_age = 0;   // the age is the newest prototype's
     Running* m_running = nullptr; // the innermost
     int m_depth = 0;              // of call-backs
     bool m_isUnknown = false;     // what the sets hold; it is read from them in the end

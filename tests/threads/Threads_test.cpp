@@ -1,4 +1,5 @@
 #include "CountedObject.h"
+#include "KELMutex.h"
 #include "Zorvel.h"
 
 #include <gtest/gtest.h>
@@ -55,10 +56,18 @@ std::atomic<int> g_reports{0};
 // What a host may do on a report: look into the set that makes it, change it and copy it.
 void CallBack(const KELCheckFailure&)
 {
-    const int number = ++g_reports;
-    ZrvPublishProperty<KELINT32>(*g_reporting, "reported", number);
+    ZrvPublishProperty<KELINT32>(*g_reporting, "reported", ++g_reports);
     const ZrvProperties copy(*g_reporting);
-    EXPECT_EQ(g_reports, number) << "no other thread gets in, however often the lock is taken and given up";
+}
+
+TEST(Threads, WaitUntilAMutexIsGivenUpAsOftenAsItWasTaken)
+{
+    KELMutex mutex(0, 1, 0);
+    const auto use = [&mutex] { mutex.Lock(), mutex.Unlock(); };
+    mutex.Lock(), use();
+    const auto other = std::async(std::launch::async, use);
+    EXPECT_EQ(other.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
+    mutex.Unlock();
 }
 
 TEST(Threads, UseOneSetWithEveryOperation)
@@ -158,8 +167,7 @@ TEST(Threads, WhatGoesMayWaitForAThreadThatUsesTheSet)
 
 TEST(Threads, SharePrototypesTextsAndFloats)
 {
-    ZrvPrototypeImpl nested;
-    ZrvPrototypeImpl prototype;
+    ZrvPrototypeImpl nested, prototype;
     nested.AddProperty("x", zrvPT_Float, nullptr);
     const KELUnicodeString name("a name that all threads share and that is long");
     prototype.AddProperty(name, zrvPT_BytePtr, &nested);
