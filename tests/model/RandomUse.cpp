@@ -65,7 +65,7 @@ private:
         ZrvProperties& real = *ioSet.real;
         SetModel& model = ioSet.model;
         const SetModel before = model;
-        const Name type = IsBad() ? Any(g_badTypes) : Any(g_typeNames);
+        const Name type = IsBad() ? Any(g_badTypes) : IsOneOf(3) ? g_typeNames[zrvPT_BaseUnknownPtr] : Any(g_typeNames);
         ZrvPrototypeImpl* const nested = IsOneOf(2) ? Any(m_prototypes)->real : nullptr;
         const auto addDeclared = [&] {
             const std::string refused = SetModel(before).AddDeclared(iName); // before the host has been asked more

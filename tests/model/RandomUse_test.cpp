@@ -20,7 +20,7 @@ class RandomUse : public ::testing::TestWithParam<Trouble> {};
 TEST_P(RandomUse, AgreesWithTheModel)
 {
     const bool failsOften = GetParam() == Trouble::MemoryFailsOnce || GetParam() == Trouble::MemoryFailsForGood;
-    const long operations = FromEnvironment("RANDOM_OPERATIONS", failsOften ? 4000 : 64000) / 8;
+    const long operations = FromEnvironment("RANDOM_OPERATIONS", failsOften ? 48000 : 64000) / 8;
     long troubles = 0;
     long seed = FromEnvironment("RANDOM_SEED", 1);
     for (const long end = seed + 8; seed < end && !HasFailure(); ++seed) {
