@@ -7,6 +7,8 @@ else()
         $<$<CXX_COMPILER_ID:Clang>:-Wthread-safety>
         $<$<BOOL:${ZORVEL_WARNINGS_AS_ERRORS}>:-Werror>
         -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+    # In debug builds the standard library checks what it is asked, positions for example.
+    target_compile_definitions(ZorvelBuildOptions INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 endif()
 
 if(ZORVEL_SANITIZERS)

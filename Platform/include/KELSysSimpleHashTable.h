@@ -250,7 +250,6 @@ inline void KELSysSimpleHashTable::MakeFirstRoom(std::size_t iSlots)
 {
     m_slots.resize(iSlots, {nullptr, 0, kNone, {kNone, kNone}});
     m_buckets = iSlots * kBucketsPerSlot;
-    m_mask = 1;
     while (m_mask < m_buckets - 1) {
         m_mask = m_mask * 2 + 1;
     }

@@ -168,7 +168,7 @@ private:
     static constexpr Word kLong = Word{0xFF} << KELShortText::kLengthShift;
 
     std::string_view View() const noexcept { return {ConvertToChar(), LengthInBytes()}; }
-    static std::size_t CheckedLength(std::size_t iFirst, std::size_t iSecond, std::size_t iThird = 0);
+    static std::size_t CheckedLength(std::size_t iFirst, std::size_t iSecond, std::size_t iThird);
     static KELText* MakeText(std::size_t iCapacity);
     static KELText* MakeText(std::string_view iFirst, std::string_view iSecond, std::string_view iThird,
                              std::size_t iCapacity);
