@@ -61,10 +61,7 @@ struct Odd : ZrvPropertyValueBase {
 
 struct OneLess : Int {
     using Int::Int;
-    ZrvRC SetValue(KELINT32 iValue) override
-    {
-        return Int::SetValue(iValue - 1), ZrvRC(ZrvRC::zrvEC_NothingDone, "own");
-    }
+    ZrvRC SetValue(KELINT32 iNew) override { return Int::SetValue(iNew - 1), ZrvRC(ZrvRC::zrvEC_NothingDone, "own"); }
 };
 
 TEST_F(ZrvPropertyValueTest, ClassesOfTheHostsAreTakenForWhatTheyAre)

@@ -20,8 +20,7 @@ TEST_F(ZrvPropertyTest, IsMadeCopiedAndSetByItself)
     const std::unique_ptr<ZrvProperty> property(made), copy(property->Duplicate());
     EXPECT_TRUE(copy->GetObject() == &nested && copy->PeekPrototype() == &nested);
     EXPECT_EQ(Answer(copy->GetParameters(&parameters)), "ok");
-    EXPECT_EQ(CountOf(nested), 8U)
-        << "the test's, both properties' objects, prototypes and parameters, and those taken";
+    EXPECT_EQ(CountOf(nested), 8U) << "the test's, objects, prototypes and parameters of both, and those taken";
     EXPECT_EQ(Answer(copy->GetParameters(&parameters)), "error [condition !(*opProperties) in ZrvProperty]");
     delete parameters;
     EXPECT_EQ(Answer(copy->GetParameters(nullptr)), "error [pointer opProperties in ZrvProperty]");
