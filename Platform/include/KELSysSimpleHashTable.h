@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -299,8 +300,8 @@ inline void KELSysSimpleHashTable::AddSalt()
 
 inline void KELSysSimpleHashTable::LinkAll()
 {
-    for (std::size_t i = 0; i < m_buckets; ++i) {
-        Head(i) = kNone;
+    for (Slot& slot : m_slots) {
+        std::fill(std::begin(slot.heads), std::end(slot.heads), kNone);
     }
     for (int i = 0; i < m_size; ++i) {
         Link(i);
