@@ -82,8 +82,8 @@ TEST(Hosts, AnObjectMayReplaceTheSetThatCountsIt)
     } object;
     const ZrvPropertyValue<KELSysTSBaseUnknown*> value(&object), none(nullptr);
     ZrvProperties source, nested;
-    source.AddProperty("first", "float", nullptr), object.with = nested = source;
-    nested.AddProperty("nested", "float", &object);
+    source.AddProperty("first", "float", nullptr), object.with.AddProperty("first", "float", nullptr);
+    nested = source, nested.AddProperty("nested", "float", &object);
     ZrvPublishProperty(source, "object", value), ZrvPublishProperty(source, "last", 0.5F);
     ZrvProperties set(source), held(source);
     object.replaced = &set;
