@@ -109,10 +109,9 @@ TEST_F(ZrvPropertyAccessTest, ASetIsPrintedAsASortedTableThatNoTextBreaks)
     EXPECT_EQ(printable, 20876069206U);
     KELSysTSListOfUnicodeString names;
     names.PutBack("b"), names.PutBack(names[1]);
-    const KELSysTSListOfUnicodeString copy(names), moved(std::move(names));
-    auto name = begin(copy);
-    EXPECT_TRUE(decltype(name)() == name && *(*name++).ConvertToChar() == 'b' && ++name == end(copy) &&
-                moved.Size() == 2);
+    const KELSysTSListOfUnicodeString copy(names), all(std::move(names));
+    auto it = begin(copy);
+    EXPECT_TRUE(decltype(it)() == it && *(*it++).ConvertToChar() == 'b' && ++it == end(copy) && all.Size() == 2);
 
     const auto object = KELReference<KELSysTSBaseUnknown>::Adopt(new CountedObject);
     EXPECT_EQ(Answer(ZrvPublishProperty(set, "object", object.Get())), "ok");

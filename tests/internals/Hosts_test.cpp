@@ -1,3 +1,4 @@
+#include "CheckRecorder.h"
 #include "CountedObject.h"
 #include "Zorvel.h"
 
@@ -93,10 +94,11 @@ TEST(Hosts, AnObjectMayReplaceTheSetThatCountsIt)
     object.replaced = &held;
     EXPECT_TRUE(held.SetFromProperties(source).IsValid() && ZrvReadProperty<float>(held, "last") == 0.5F);
     EXPECT_EQ(ZrvReadProperty<float>(held, "other"), 0.0F) << "has come to where the last one was";
-    object.replaced = &source;
-    EXPECT_EQ(ZrvReadProperty<float>(ZrvProperties(source), "last"), 0.5F) << "copied before the object is counted";
-    object.replaced = &nested;
-    EXPECT_TRUE(ZrvProperties(nested).HasProperty("nested") && !nested.HasProperty("nested"));
+    EXPECT_EQ(ZrvReadProperty<float>((object.replaced = &source, ZrvProperties(source)), "last"), 0.5F) << "whole";
+    EXPECT_TRUE((object.replaced = &nested, ZrvProperties(nested)).HasProperty("nested") && nested.HasProperty("last"));
+    CheckRecorder reports;
+    set.AddProperty("last", "KELSysTSBaseUnknownPtr", nullptr), object.replaced = &set;
+    EXPECT_TRUE(set.SetProperty("last", value).IsError() && reports.Take() != "") << "is a float then";
 }
 
 TEST(Hosts, PrototypesNestedDeeplyGoOneByOne)
